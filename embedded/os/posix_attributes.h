@@ -1,0 +1,17 @@
+// What a file has besides its name and content: owner, group, mode, extended attributes.
+#pragma once
+
+#include "platform/os/files.h"
+
+#include <string>
+
+namespace drafta {
+
+/// Gives the open file `to` what the file at the native path `from` (links followed) has. What the user may
+/// not set, or the file system does not keep, is left out without a failure; rights only ever become fewer by
+/// that: without the owner (the group) the set-user (set-group) bit goes, and a group that could not be kept
+/// gets no more rights than everybody. Fails when `from` cannot be looked at, or when the disk is full or
+/// faulty.
+ryv::FileStatus copyFileAttributes(const std::string& from, int to);
+
+} // namespace drafta

@@ -1,0 +1,34 @@
+// All ports of the operating system, ready to be used.
+#pragma once
+
+#include "embedded/os/posix_clock.h"
+#include "embedded/os/posix_files.h"
+#include "embedded/os/posix_identity.h"
+#include "embedded/os/posix_paths.h"
+#include "platform/platform.h"
+
+namespace drafta {
+
+/// Owns the ports of the operating system and a Platform that has them filled in; the other ports are null
+/// objects until a program fills them in as well.
+class PosixPlatform {
+public:
+    PosixPlatform() { platform_.os = {&files_, &paths_, &identity_, &clock_}; }
+    PosixPlatform(const PosixPlatform&) = delete;
+    PosixPlatform& operator=(const PosixPlatform&) = delete;
+
+    ryv::Platform& platform() noexcept { return platform_; }
+
+    /// For drives and shares that the command line or the settings name.
+    PathMapper& mapper() noexcept { return mapper_; }
+
+private:
+    PathMapper mapper_;
+    PosixFiles files_{mapper_};
+    PosixPaths paths_{mapper_};
+    PosixIdentity identity_;
+    PosixClock clock_;
+    ryv::Platform platform_;
+};
+
+} // namespace drafta
