@@ -6,15 +6,15 @@ namespace ryv {
 class RyvPrmFileDetails;
 class RyvPrmSubfolder;
 
-/// An entry of the tree. It holds no content; its kind is found by asFileDetails() and asSubfolder(). An item of
-/// neither kind may be made by deriving from this class and is skipped by every walk.
+/// An entry of the tree. It holds no content; its kind is found by asFileDetails() and asSubfolder(). An item
+/// of neither kind may be made by deriving from this class and is skipped by every walk.
 class RyvPrmItem {
 public:
     RyvPrmItem() = default;
     virtual ~RyvPrmItem() = default;
 
-    /// The subfolder that owns this item (the project's private root for top-level items), or null for an item that
-    /// is in no tree.
+    /// The subfolder that owns this item (the project's private root for top-level items), or null for an
+    /// item that is in no tree.
     RyvPrmSubfolder* parent() const noexcept { return parked_ ? nullptr : parent_; }
 
 protected:
@@ -24,6 +24,7 @@ protected:
 
     // A copy has the same kind and is in no tree; assignment leaves the target where it is.
     RyvPrmItem(const RyvPrmItem& other) noexcept : kind_(other.kind_) {}
+    // NOLINTNEXTLINE(bugprone-unhandled-self-assignment)
     RyvPrmItem& operator=(const RyvPrmItem&) noexcept { return *this; }
 
 private:

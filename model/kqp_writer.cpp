@@ -161,7 +161,8 @@ CStringView RyvPrmKQPFiler::pathFor(CStringView fileName, CString& room) const {
 /// A reader has to come back to the same name: names that look absolute on their own ("C:x.dwg"), paths longer than the
 /// platform's rules join, and names that joining would fold into others are better written whole.
 bool RyvPrmKQPFiler::leadsBack(CStringView relative, CStringView fileName) const {
-    if (!paths::isRelative(relative) || projectFolder().size() + 1 + relative.size() > paths::maxLength)
+    const bool tooLong = projectFolder().size() + 1 + relative.size() > paths::maxLength;
+    if (relative.empty() || tooLong || !paths::isRelative(relative))
         return false;
     if (relative[0] != u'.' && relative.find(u"\\.") == CStringView::npos)
         return true; // nothing to fold
