@@ -27,11 +27,10 @@ constexpr std::array<Option, 2> showOptions = {{
 }};
 
 constexpr std::array<Text, 3> showText = {
-    "Prints what is in a project file: its descriptions, its settings, and the tree of its drawings, on "
-    "every level "
-    "subfolders first. Of the default drawing settings those are named that differ from the built-in ones. "
-    "Control "
-    "characters are shown escaped; below 64 levels the tree is continued as a list with the level in "
+    "Prints what is in a project file: its descriptions, its settings, and the tree of its drawings in "
+    "the order of the file. Of the default drawing settings those are named that differ from the built-in "
+    "ones. "
+    "Control characters are shown escaped; below 64 levels the tree is continued as a list with the level in "
     "brackets.",
     "With `--json`, \"project\" is the full path of the project with \"\\\" between its components, "
     "\"settings\" has "

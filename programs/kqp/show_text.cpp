@@ -1,18 +1,28 @@
 #include "programs/kqp/show_text.h"
 
+#include "base/text.h"
 #include "bridge/platform.h"
 #include "programs/kqp/show_tree.h"
 #include "programs/kqp/terminal/escape.h"
+#include "resources/setting_texts.h"
 
 #include <algorithm>
-#include <utility>
+#include <string>
 #include <vector>
 
 namespace kqp {
 
 namespace {
 
-using Rows = std::vector<std::pair<std::string, std::string>>;
+/// Explanations stand below each other, unless a longer value would move them out of sight.
+constexpr std::size_t widestValueColumn = 30;
+
+struct Row {
+    std::string name;
+    std::string value;
+    std::string explanation; ///< what the value is about; may be empty
+};
+using Rows = std::vector<Row>;
 
 /// A value as it can be told apart: one that is empty or has blanks at its ends stands in quotes.
 std::string visibleValue(const ryv::CString& value) {
@@ -23,8 +33,22 @@ std::string visibleValue(const ryv::CString& value) {
 Rows miscRows(const ryv::RyvPmMiscProjSettings& misc) {
     Rows rows;
     for (const auto& [index, value] : misc.values())
-        rows.emplace_back("[" + std::to_string(index) + "]", visibleValue(value));
+        rows.push_back({"[" + std::to_string(index) + "]", visibleValue(value), {}});
     return rows;
+}
+
+/// What a setting is about, without the examples and lists of codes that follow in brackets or behind a
+/// colon.
+std::string explanationOf(int setting) {
+    ryv::CString key;
+    if (!ryv::RyvCfgDrawingSettings::getMessageKeyForIndex(setting, key))
+        return {};
+    ryv::CStringView subject = ryv::settingText(key);
+    if (subject.ends_with(u')'))
+        subject = subject.substr(0, subject.rfind(u'('));
+    subject = subject.substr(0, subject.find(u':'));
+    const bool onlyCodes = subject.find(u'=') != ryv::CStringView::npos;
+    return onlyCodes ? std::string() : visible(ryv::trim(subject));
 }
 
 /// Those default settings that are not what a project without any would have.
@@ -39,7 +63,7 @@ Rows settingRows(const ryv::RyvPrmProjectData& project) {
             continue;
         ryv::CString name;
         ryv::RyvCfgDrawingSettings::getKQ_MTagForIndex(index, name);
-        rows.emplace_back(visible(name), visibleValue(*value));
+        rows.push_back({visible(name), visibleValue(*value), explanationOf(index)});
     }
     return rows;
 }
@@ -79,15 +103,25 @@ private:
     void showTable(std::string_view title, const Rows& rows, std::string_view whenEmpty) {
         out_.write("\n").write(title).write(rows.empty() ? ": " : ":");
         out_.write(rows.empty() ? whenEmpty : std::string_view()).write("\n");
-        std::size_t width = 0;
-        for (const auto& [name, value] : rows)
-            width = std::max(width, name.size());
-        for (const auto& [name, value] : rows)
-            out_.write("  ")
-                .write(name)
-                .write(std::string(width - name.size() + 2, ' '))
-                .write(value)
-                .write("\n");
+        std::size_t nameWidth = 0;
+        std::size_t valueWidth = 0;
+        for (const Row& row : rows) {
+            nameWidth = std::max(nameWidth, row.name.size());
+            valueWidth = std::max(valueWidth, columns(row.value));
+        }
+        for (const Row& row : rows)
+            showRow(row, nameWidth, std::min(valueWidth, widestValueColumn));
+    }
+
+    void showRow(const Row& row, std::size_t nameWidth, std::size_t valueWidth) {
+        out_.write("  ").write(row.name).write(std::string(nameWidth - row.name.size() + 2, ' '));
+        out_.write(row.value);
+        if (!row.explanation.empty()) {
+            const std::size_t width = std::max(valueWidth, columns(row.value));
+            out_.write(std::string(width - columns(row.value) + 2, ' '))
+                .write(painter_.paint(Style::faint, row.explanation));
+        }
+        out_.write("\n");
     }
 
     const ShownProject& shown_;

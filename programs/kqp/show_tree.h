@@ -12,7 +12,7 @@ namespace kqp {
 /// size.
 inline constexpr std::size_t levelsWithBranches = 64;
 
-/// Writes the tree, on every level subfolders first, and a line with the counts.
+/// Writes the tree in the order of the project, and a line with the counts.
 void showTree(const ShownProject& shown, const Painter& painter, Output& out);
 
 } // namespace kqp
