@@ -43,7 +43,7 @@ TEST_F(KqpShowTest, show_project_printsAllForPeople) {
                               "  [5]  8\n"
                               "\n"
                               "Default drawing settings:\n"
-                              "  RUNGHORV      V         Ladder default\n"
+                              "  RUNGHORV      V      Ladder default\n"
                               "  XREF_TXTBTWN  \"  x\"\n"
                               "\n"
                               "├── cover.dwg  Cover sheet\n"

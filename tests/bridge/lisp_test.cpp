@@ -1,0 +1,171 @@
+#include "bridge/lisp.h"
+#include "tests/support/scripted_platform.h"
+#include "tests/support/text.h"
+
+#include <gtest/gtest.h>
+
+namespace ryv::test {
+
+namespace {
+
+class Lisp : public ::testing::Test {
+protected:
+    Lisp() { surroundings.documents.open = true; }
+
+    ScriptedPlatform surroundings;
+    ScriptedLisp& lisp = surroundings.lisp;
+    HostResultBuffer result;
+    CString text = u"before";
+    int number = 4711;
+};
+
+HostResultBuffer string(CStringView text) {
+    return HostResultBuffer().addString(text);
+}
+
+TEST_F(Lisp, invokeWithoutDocument_callsNothingAndSaysSo) {
+    surroundings.documents.open = false;
+    lisp.answer(u"f", string(u"x"));
+    EXPECT_EQ(invokeLisp(string(u"f"), result), LispStatus::noDocument);
+    EXPECT_FALSE(invokeLispForString(u"f", text));
+    EXPECT_FALSE(readLispGlobal(u"f", text));
+    EXPECT_FALSE(readLispGlobal(u"f", number));
+    EXPECT_TRUE(lisp.calls().empty());
+    EXPECT_TRUE(result.empty());
+    EXPECT_EQ(text, u"before");
+    EXPECT_EQ(number, 4711);
+}
+
+TEST_F(Lisp, noDocumentStatus_hasTheHostsNumber) {
+    EXPECT_EQ(static_cast<int>(LispStatus::noDocument), -5004);
+    EXPECT_EQ(static_cast<int>(LispStatus::success), 5100);
+}
+
+TEST_F(Lisp, stringFunctions_passTheirArgumentAndTakeTheResult) {
+    lisp.answer(u"f", string(u"result"));
+    EXPECT_TRUE(invokeLispForString(u"f", text));
+    EXPECT_EQ(text, u"result");
+    text.clear();
+    EXPECT_TRUE(invokeLispForString(u"f", u"argument", text));
+    EXPECT_EQ(text, u"result");
+    const std::vector<std::vector<CString>> expected{{u"f"}, {u"f", u"argument"}};
+    EXPECT_EQ(lisp.calls(), expected);
+}
+
+/// One text may be the argument and take the result.
+TEST_F(Lisp, stringFunctionOfItsOwnOutput_replacesIt) {
+    lisp.define(u"f", [](const HostResultBuffer& call, HostResultBuffer& out) {
+        out.addString(*call.stringAt(1) + u"!");
+        return LispStatus::success;
+    });
+    EXPECT_TRUE(invokeLispForString(u"f", text, text));
+    EXPECT_EQ(text, u"before!");
+}
+
+struct WrongReply {
+    const char* name;
+    HostResultBuffer reply;
+};
+
+TEST_F(Lisp, resultsOfOtherTypes_leaveTheOutputAlone) {
+    const WrongReply replies[] = {
+        {"nothing", {}},
+        {"nil", HostResultBuffer().addNil()},
+        {"T", HostResultBuffer().addTruth()},
+        {"real", HostResultBuffer().addReal(2.5)},
+        {"list", HostResultBuffer().addListBegin().addString(u"x").addInteger(3).addListEnd()},
+        {"nested list", HostResultBuffer().addNestedList(string(u"x"))},
+    };
+    for (const WrongReply& each : replies) {
+        lisp.answer(u"f", each.reply);
+        lisp.setVariable(u"G", each.reply);
+        EXPECT_FALSE(invokeLispForString(u"f", text)) << each.name;
+        EXPECT_FALSE(readLispGlobal(u"G", text)) << each.name;
+        EXPECT_FALSE(readLispGlobal(u"G", number)) << each.name;
+        EXPECT_EQ(text, u"before") << each.name;
+        EXPECT_EQ(number, 4711) << each.name;
+    }
+}
+
+TEST_F(Lisp, integerWhereAStringIsWanted_isNotFound) {
+    lisp.setVariable(u"G", HostResultBuffer().addInteger(5));
+    EXPECT_FALSE(readLispGlobal(u"G", text));
+    EXPECT_EQ(text, u"before");
+}
+
+TEST_F(Lisp, failingCallWithAResult_leavesTheOutputAlone) {
+    const auto failing = [](const HostResultBuffer&, HostResultBuffer& out) {
+        out.addString(u"rubbish");
+        return static_cast<LispStatus>(5101);
+    };
+    lisp.define(u"f", failing);
+    lisp.define(u"ryv_get_var", failing);
+    EXPECT_EQ(static_cast<int>(invokeLisp(string(u"f"), result)), 5101);
+    EXPECT_FALSE(invokeLispForString(u"f", text));
+    EXPECT_FALSE(readLispGlobal(u"G", text));
+    EXPECT_FALSE(readLispGlobal(u"G", number));
+    EXPECT_EQ(text, u"before");
+    EXPECT_EQ(number, 4711);
+}
+
+TEST_F(Lisp, globalAsNumber_isFoundByItsKindAndValue) {
+    struct Case {
+        HostResultBuffer value;
+        bool found;
+        int number;
+    };
+    const Case cases[] = {
+        {HostResultBuffer().addInteger(0), true, 0},
+        {HostResultBuffer().addInteger(-32768), true, -32768},
+        {string(u"0"), false, 0},
+        {string(u""), false, 0},
+        {string(u"abc"), false, 0},
+        {string(u"-0"), false, 0},
+        {string(u"12"), true, 12},
+        {string(u" 12 apples"), true, 12},
+        {string(u"-3"), true, -3},
+        {string(u"70000"), true, 70000},
+    };
+    for (const Case& each : cases) {
+        lisp.setVariable(u"G", each.value);
+        int value = 4711;
+        const CString* const shownText = each.value.stringAt(0);
+        EXPECT_EQ(readLispGlobal(u"G", value), each.found) << shown(shownText ? *shownText : CString());
+        EXPECT_EQ(value, each.number) << shown(shownText ? *shownText : CString());
+    }
+}
+
+TEST_F(Lisp, globals_areAskedForByName) {
+    lisp.setVariable(u"G", string(u"value"));
+    EXPECT_TRUE(readLispGlobal(u"G", text));
+    EXPECT_EQ(text, u"value");
+    EXPECT_FALSE(readLispGlobal(u"H", text));
+    const std::vector<std::vector<CString>> expected{{u"ryv_get_var", u"G"}, {u"ryv_get_var", u"H"}};
+    EXPECT_EQ(lisp.calls(), expected);
+}
+
+TEST(PlatformDefaults, withoutAPlatform_nothingIsThere) {
+    setPlatform(nullptr);
+    Platform& none = platform();
+    EXPECT_FALSE(none.host.documents->hasCurrentDocument());
+    HostResultBuffer result;
+    EXPECT_EQ(none.host.lisp->invoke(HostResultBuffer().addString(u"f"), result), LispStatus::failure);
+    EXPECT_EQ(none.services.globalVariables->Gbl_ReplaceGblVars(u"%X%"), u"%X%");
+    FileHandle handle = FileHandle::none;
+    EXPECT_EQ(none.os.files->open(u"C:\\x", OpenMode::read, handle).error, FileError::missing);
+    EXPECT_EQ(handle, FileHandle::none);
+    EXPECT_EQ(none.os.clock->steady().count(), 0);
+    EXPECT_TRUE(none.os.identity->userName().empty());
+}
+
+TEST(PlatformDefaults, installedPlatform_isUsedUntilItIsTakenOut) {
+    {
+        ScriptedPlatform surroundings;
+        EXPECT_EQ(platform().host.lisp, &surroundings.lisp);
+    }
+    EXPECT_FALSE(platform().host.documents->hasCurrentDocument());
+}
+
+} // namespace
+
+} // namespace ryv::test
