@@ -1,5 +1,5 @@
-// The simple case pairs of the basic plane, as runs: for k = 0, 1, ... the lower-case unit lowerFirst + k * step, up to
-// lowerLast, pairs with the upper-case unit upperFirst + k * step. One to one in both directions.
+// The simple case pairs of the basic plane, as runs: for k = 0, 1, ... the lower-case unit lowerFirst + k *
+// step, up to lowerLast, pairs with the upper-case unit upperFirst + k * step. One to one in both directions.
 #pragma once
 
 #include <array>

@@ -13,10 +13,9 @@ namespace {
 using Byte = unsigned char;
 
 constexpr char16_t escapeBase = 0xDC00; // an undecodable byte b stands in text as escapeBase + b
-constexpr std::array<char16_t, 32> windows1252High = {
-    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160, 0x2039, 0x0152,
-    0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014, 0x02DC, 0x2122,
-    0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+constexpr std::array<char16_t, 32> windows1252High = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020,
+    0x2021, 0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C,
+    0x201D, 0x2022, 0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
 bool isHighSurrogate(char32_t unit) noexcept {
     return unit >= 0xD800 && unit <= 0xDBFF;
@@ -44,8 +43,8 @@ std::size_t asciiPrefix(const Byte* bytes, std::size_t size) noexcept {
     return i;
 }
 
-/// One sequence of UTF-8: its scalar value and length, or length 0 when the bytes form none. Surrogates count as
-/// values here; the callers decide about them.
+/// One sequence of UTF-8: its scalar value and length, or length 0 when the bytes form none. Surrogates count
+/// as values here; the callers decide about them.
 struct Sequence {
     char32_t value = 0;
     std::size_t length = 0;
@@ -116,8 +115,9 @@ void appendEscaped(CString& out, Byte byte) {
     out += static_cast<char16_t>(escapeBase + byte);
 }
 
-/// Appends a byte that could not be decoded. Its unit would form a pair with a high surrogate in front of it, so the
-/// high surrogates at the end of `out` become the units of the three bytes that each of them was read from.
+/// Appends a byte that could not be decoded. Its unit would form a pair with a high surrogate in front of it,
+/// so the high surrogates at the end of `out` become the units of the three bytes that each of them was read
+/// from.
 void appendUndecodable(CString& out, Byte byte) {
     std::size_t kept = out.size();
     while (kept > 0 && isHighSurrogate(out[kept - 1]))
@@ -140,7 +140,8 @@ const Byte* asBytes(std::string_view bytes) noexcept {
     return reinterpret_cast<const Byte*>(bytes.data());
 }
 
-/// Decodes what is behind the ASCII prefix. Without `keepSurrogates` their three-byte forms are undecodable bytes.
+/// Decodes what is behind the ASCII prefix. Without `keepSurrogates` their three-byte forms are undecodable
+/// bytes.
 void decodeUtf8From(
     std::string_view bytes, std::size_t start, bool keepSurrogates, CString& out, CodecReport* problems) {
     const Byte* const data = asBytes(bytes);
@@ -307,7 +308,8 @@ namespace {
 
 constexpr std::size_t asciiBlock = 32;
 
-/// True when a block of units is ASCII. Without a way out of the loop, so that it becomes a few wide instructions.
+/// True when a block of units is ASCII. Without a way out of the loop, so that it becomes a few wide
+/// instructions.
 bool isAsciiBlock(const char16_t* units) noexcept {
     char16_t any = 0;
     for (std::size_t k = 0; k < asciiBlock; ++k)

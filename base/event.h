@@ -55,8 +55,8 @@ public:
         return Subscription(std::move(alive));
     }
 
-    /// Calls the handlers that are subscribed now, newest first. One subscribed meanwhile is not called by this
-    /// firing; one that ended meanwhile is not called any more. A handler may destroy the event itself.
+    /// Calls the handlers that are subscribed now, newest first. One subscribed meanwhile is not called by
+    /// this firing; one that ended meanwhile is not called any more. A handler may destroy the event itself.
     void fire(Args... args) const {
         const auto handlers = entries_;
         for (auto entry = handlers.rbegin(); entry != handlers.rend(); ++entry)

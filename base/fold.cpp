@@ -51,8 +51,9 @@ Word loadWord(const char16_t* units) noexcept {
     return word;
 }
 
-/// Upper-cases four units below 128 at once: bit 7 of a lane is set by the first sum from "a" on and by the second
-/// from behind "z" on; lanes where only the first is set lose the bit that tells lower from upper case.
+/// Upper-cases four units below 128 at once: bit 7 of a lane is set by the first sum from "a" on and by the
+/// second from behind "z" on; lanes where only the first is set lose the bit that tells lower from upper
+/// case.
 Word upperAscii(Word word) noexcept {
     constexpr Word lane = 0x0001000100010001u;
     const Word fromA = word + lane * (0x80 - u'a');
@@ -69,10 +70,13 @@ Word upperWord(const char16_t* units) noexcept {
     return std::bit_cast<Word>(folded);
 }
 
-/// The last units of a text, padded with zeros to a whole word.
-Word upperTail(const char16_t* units, std::size_t count) noexcept {
+/// The last units of a text, at most a word of them. A text of a word or more gives its last word, of which
+/// the front was seen before; a shorter one is padded with zeros. Two texts of one length are treated alike.
+Word upperTail(CStringView text) noexcept {
+    if (text.size() >= wordUnits) [[likely]]
+        return upperWord(text.data() + text.size() - wordUnits);
     std::array<char16_t, wordUnits> padded{};
-    std::copy_n(units, count, padded.begin());
+    std::copy(text.begin(), text.end(), padded.begin());
     return upperWord(padded.data());
 }
 
@@ -119,9 +123,10 @@ bool equalNoCase(CStringView a, CStringView b) noexcept {
         return false;
     std::size_t i = 0;
     for (; i + wordUnits <= a.size(); i += wordUnits)
-        if (loadWord(a.data() + i) != loadWord(b.data() + i) && upperWord(a.data() + i) != upperWord(b.data() + i))
+        if (loadWord(a.data() + i) != loadWord(b.data() + i) &&
+            upperWord(a.data() + i) != upperWord(b.data() + i))
             return false;
-    return upperTail(a.data() + i, a.size() - i) == upperTail(b.data() + i, b.size() - i);
+    return i == a.size() || upperTail(a) == upperTail(b);
 }
 
 std::uint64_t hashNoCase(CStringView text) noexcept {
@@ -129,7 +134,7 @@ std::uint64_t hashNoCase(CStringView text) noexcept {
     std::size_t i = 0;
     for (; i + wordUnits <= text.size(); i += wordUnits)
         hash = mix(hash, upperWord(text.data() + i));
-    return mix(hash, upperTail(text.data() + i, text.size() - i));
+    return i == text.size() ? hash : mix(hash, upperTail(text));
 }
 
 } // namespace ryv

@@ -25,9 +25,10 @@ private:
     std::variant<long long, CStringView> value_;
 };
 
-/// The pattern with its "%d" and "%s" replaced by the arguments in order and "%%" by "%". A number is written in
-/// decimal. A placeholder without an argument of its kind stays as it stands, so that a faulty catalogue entry shows
-/// itself and loses nothing; arguments left over are ignored. Texts put in are not searched for placeholders.
+/// The pattern with its "%d" and "%s" replaced by the arguments in order and "%%" by "%". A number is written
+/// in decimal. A placeholder without an argument of its kind stays as it stands, so that a faulty catalogue
+/// entry shows itself and loses nothing; arguments left over are ignored. Texts put in are not searched for
+/// placeholders.
 CString format(CStringView pattern, std::initializer_list<FormatArgument> arguments);
 
 /// The kinds of a pattern's placeholders in order, as "d" and "s": lets a test compare catalogue and callers.

@@ -32,8 +32,8 @@ bool isRelative(CStringView path) noexcept;
 /// when what is put together, before it is folded, has 260 units or more.
 std::optional<CString> combine(CStringView folder, CStringView file);
 
-/// The same into a string that is used again and again; false, with `result` left alone, in place of nothing. The views
-/// must not be of `result`.
+/// The same into a string that is used again and again; false, with `result` left alone, in place of nothing.
+/// The views must not be of `result`.
 bool combineInto(CString& result, CStringView folder, CStringView file);
 
 /// Like combine, but the leading backslash of `more` is dropped unless it is a network path.

@@ -9,8 +9,8 @@ namespace ryv {
 bool isSpace(char16_t unit) noexcept {
     if (unit < 0x80)
         return unit == u' ' || (unit >= 9 && unit <= 13);
-    return unit == 0x85 || unit == 0xA0 || unit == 0x1680 || (unit >= 0x2000 && unit <= 0x200A) || unit == 0x2028 ||
-           unit == 0x2029 || unit == 0x202F || unit == 0x205F || unit == 0x3000;
+    return unit == 0x85 || unit == 0xA0 || unit == 0x1680 || (unit >= 0x2000 && unit <= 0x200A) ||
+           unit == 0x2028 || unit == 0x2029 || unit == 0x202F || unit == 0x205F || unit == 0x3000;
 }
 
 CStringView trimLeft(CStringView text) noexcept {
@@ -33,7 +33,8 @@ CStringView trim(CStringView text) noexcept {
 
 namespace {
 
-/// Not 0 when one of four units is the wanted one: that lane is zero, and subtracting one borrows into its highest bit.
+/// Not 0 when one of four units is the wanted one: that lane is zero, and subtracting one borrows into its
+/// highest bit.
 std::uint64_t hasUnit(const char16_t* units, std::uint64_t wanted) noexcept {
     constexpr std::uint64_t lanes = 0x0001000100010001u;
     std::uint64_t word;
@@ -47,7 +48,8 @@ std::uint64_t hasUnit(const char16_t* units, std::uint64_t wanted) noexcept {
 std::size_t findUnit(CStringView text, char16_t unit, std::size_t start) noexcept {
     const std::uint64_t wanted = std::uint64_t{0x0001000100010001u} * unit;
     std::size_t i = start;
-    while (i + 8 <= text.size() && (hasUnit(text.data() + i, wanted) | hasUnit(text.data() + i + 4, wanted)) == 0)
+    while (i + 8 <= text.size() &&
+           (hasUnit(text.data() + i, wanted) | hasUnit(text.data() + i + 4, wanted)) == 0)
         i += 8;
     while (i < text.size() && text[i] != unit)
         ++i;
@@ -75,7 +77,8 @@ CString replaceAll(CStringView text, char16_t from, char16_t to) {
 CStringArray split(CStringView text, char16_t separator) {
     CStringArray parts;
     std::size_t start = 0;
-    for (std::size_t hit = text.find(separator); hit != CStringView::npos; hit = text.find(separator, start)) {
+    for (std::size_t hit = text.find(separator); hit != CStringView::npos;
+         hit = text.find(separator, start)) {
         parts.emplace_back(text.substr(start, hit - start));
         start = hit + 1;
     }

@@ -8,8 +8,8 @@
 
 namespace ryv {
 
-/// White space as the platform's text functions see it: the blank, the control characters 9 to 13, the no-break
-/// space and the other space separators of the basic plane.
+/// White space as the platform's text functions see it: the blank, the control characters 9 to 13, the
+/// no-break space and the other space separators of the basic plane.
 bool isSpace(char16_t unit) noexcept;
 
 /// Views without the white space at the left end, the right end, both ends.
@@ -25,8 +25,8 @@ inline bool sameText(CStringView a, CStringView b) noexcept {
 /// Where `unit` stands in `text` first from `start` on, or the text's length.
 std::size_t findUnit(CStringView text, char16_t unit, std::size_t start = 0) noexcept;
 
-/// The text with every occurrence of `from` replaced by `to`, left to right, without looking at what was put in.
-/// An empty `from` replaces nothing. Case counts.
+/// The text with every occurrence of `from` replaced by `to`, left to right, without looking at what was put
+/// in. An empty `from` replaces nothing. Case counts.
 CString replaceAll(CStringView text, CStringView from, CStringView to);
 CString replaceAll(CStringView text, char16_t from, char16_t to);
 
@@ -36,8 +36,8 @@ CStringArray split(CStringView text, char16_t separator);
 /// The decimal number that is the whole of `text` (an optional "-", then 1 to 18 digits), or nothing.
 std::optional<long long> parseInteger(CStringView text) noexcept;
 
-/// The number that a text begins with, as C's integer parsing reads it: white space, a sign, then digits up to the
-/// first other character; 0 when there are none; held to the 32-bit range.
+/// The number that a text begins with, as C's integer parsing reads it: white space, a sign, then digits up
+/// to the first other character; 0 when there are none; held to the 32-bit range.
 int leadingInteger(CStringView text) noexcept;
 
 CString toText(long long number);

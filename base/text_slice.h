@@ -7,7 +7,8 @@
 
 namespace ryv {
 
-/// Start and length in UTF-16 units. What is sliced is shorter than 4 Gi units; whoever makes slices sees to that.
+/// Start and length in UTF-16 units. What is sliced is shorter than 4 Gi units; whoever makes slices sees to
+/// that.
 struct TextSlice {
     std::uint32_t start = 0;
     std::uint32_t length = 0;

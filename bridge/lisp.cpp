@@ -40,7 +40,8 @@ bool readLispGlobal(CStringView name, CString& value) {
 
 bool readLispGlobal(CStringView name, int& value) {
     HostResultBuffer reply;
-    if (invokeLisp(HostResultBuffer().addString(u"ryv_get_var").addString(name), reply) != LispStatus::success)
+    if (invokeLisp(HostResultBuffer().addString(u"ryv_get_var").addString(name), reply) !=
+        LispStatus::success)
         return false;
     if (const std::int16_t* const number = reply.integerAt(0)) {
         value = *number;

@@ -1,5 +1,5 @@
-// Calls into the host's LISP. Each wrapper builds its value chain, calls, checks the status and copies the result out;
-// none shows a message. On any failure the output is left alone.
+// Calls into the host's LISP. Each wrapper builds its value chain, calls, checks the status and copies the
+// result out; none shows a message. On any failure the output is left alone.
 #pragma once
 
 #include "platform/host/lisp.h"
@@ -9,17 +9,17 @@ namespace ryv {
 /// Calls the function that the chain begins with. -5004 without a current document: nothing is called then.
 LispStatus invokeLisp(const HostResultBuffer& call, HostResultBuffer& result);
 
-/// Calls a function of no arguments, or of one string argument, whose result is a string. True only when the call
-/// succeeded and a string came back.
+/// Calls a function of no arguments, or of one string argument, whose result is a string. True only when the
+/// call succeeded and a string came back.
 bool invokeLispForString(CStringView function, CString& result);
 bool invokeLispForString(CStringView function, CStringView argument, CString& result);
 
 /// Reads a LISP global variable as a text: found when its value is a string.
 bool readLispGlobal(CStringView name, CString& value);
 
-/// Reads a LISP global variable as a number. An integer is found, whatever it is. A string is converted (leading
-/// digits, 0 when there are none) and counts as found only when that is not 0; so the string "0" reads as not found,
-/// with `value` 0, which the package's LISP code relies on.
+/// Reads a LISP global variable as a number. An integer is found, whatever it is. A string is converted
+/// (leading digits, 0 when there are none) and counts as found only when that is not 0; so the string "0"
+/// reads as not found, with `value` 0, which the package's LISP code relies on.
 bool readLispGlobal(CStringView name, int& value);
 
 } // namespace ryv

@@ -1,5 +1,5 @@
-// Where the content of drawings lies: the records of one read share the file's text and a few blocks, so that a drawing
-// of a large project costs no strings of its own.
+// Where the content of drawings lies: the records of one read share the file's text and a few blocks, so that
+// a drawing of a large project costs no strings of its own.
 #pragma once
 
 #include "base/strings.h"
@@ -57,8 +57,8 @@ private:
     std::size_t count_ = 0;
 };
 
-/// Records by number. Filled by one writer, which adds a record and sets its fields before the next one is added;
-/// unchangeable from then on. What the fields say is described at RyvPrmFileDetails.
+/// Records by number. Filled by one writer, which adds a record and sets its fields before the next one is
+/// added; unchangeable from then on. What the fields say is described at RyvPrmFileDetails.
 class DrawingPool {
 public:
     struct Record {
@@ -108,7 +108,8 @@ public:
 
 private:
     TextSlice sliceOf(CStringView text) const noexcept {
-        return {static_cast<std::uint32_t>(text.data() - text_->data()), static_cast<std::uint32_t>(text.size())};
+        return {
+            static_cast<std::uint32_t>(text.data() - text_->data()), static_cast<std::uint32_t>(text.size())};
     }
 
     std::shared_ptr<const CString> text_;

@@ -100,7 +100,8 @@ void DrawingSectionReader::markerLine(CStringView text) {
 }
 
 RyvPrmSubfolder* DrawingSectionReader::subfolderOf(CStringView marker) {
-    // The marker's letters are stripped as a set, so a name that begins with them is safe behind the last "=".
+    // The marker's letters are stripped as a set, so a name that begins with them is safe behind the last
+    // "=".
     const CStringView trace =
         trimLeft(withoutLeading(withoutLeading(withoutLeading(marker, isSign), isMarkerLetter), isSign));
     RyvPrmSubfolder* subfolder = nullptr;

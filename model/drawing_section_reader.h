@@ -10,8 +10,9 @@
 
 namespace ryv {
 
-/// Takes the lines one after another. A pending drawing collects the attribute lines in front of its path line; a
-/// subfolder marker places it in the tree at once, so that the order of the tree is that of the markers.
+/// Takes the lines one after another. A pending drawing collects the attribute lines in front of its path
+/// line; a subfolder marker places it in the tree at once, so that the order of the tree is that of the
+/// markers.
 class DrawingSectionReader {
 public:
     /// All three outlive the reader; `reporter` may be null.
@@ -48,15 +49,15 @@ private:
     ProjectReporter* reporter_;
     std::shared_ptr<DrawingPool> pool_;
     std::size_t line_ = 0;
-    bool pending_ = false;                     // the pool's last record waits for its path line
-    std::uint32_t number_ = 0;                 // its number
-    RyvPrmFileDetails* placed_ = nullptr;      // its place in the tree, once a marker gave it one
-    bool hasAttributes_ = false;               // more than markers of empty subfolders, which belong to no drawing
+    bool pending_ = false;                // the pool's last record waits for its path line
+    std::uint32_t number_ = 0;            // its number
+    RyvPrmFileDetails* placed_ = nullptr; // its place in the tree, once a marker gave it one
+    bool hasAttributes_ = false;          // more than markers of empty subfolders, which belong to no drawing
     bool firstDescription_ = false;
     bool secondDescription_ = false;
-    CStringView lastMarker_;                   // neighbours mostly lie in one subfolder
+    CStringView lastMarker_; // neighbours mostly lie in one subfolder
     RyvPrmSubfolder* lastSubfolder_ = nullptr;
-    std::unordered_set<CString> seen_;         // upper-cased paths, kept when somebody wants to hear of duplicates
+    std::unordered_set<CString> seen_; // upper-cased paths, kept when somebody wants to hear of duplicates
 };
 
 } // namespace ryv

@@ -113,9 +113,10 @@ bool RyvCfgDrawingSettings::isDrawingSpecific(int index) noexcept {
 }
 
 bool RyvCfgDrawingSettings::operator==(const RyvCfgDrawingSettings& other) const {
-    return std::equal(values_.begin(), values_.end(), other.values_.begin(), [](const auto& a, const auto& b) {
-        return a.has_value() == b.has_value() && (!a || equalNoCase(*a, *b));
-    });
+    return std::equal(
+        values_.begin(), values_.end(), other.values_.begin(), [](const auto& a, const auto& b) {
+            return a.has_value() == b.has_value() && (!a || equalNoCase(*a, *b));
+        });
 }
 
 bool RyvCfgDrawingSettings::CompareNonDrawingSpecificValues(const RyvCfgDrawingSettings& other) const {
@@ -134,7 +135,8 @@ bool RyvCfgDrawingSettings::CompareNonDrawingSpecificValues(const RyvCfgDrawingS
     return true;
 }
 
-void RyvCfgDrawingSettings::CopyNonDrawingSpecificValues(const RyvCfgDrawingSettings& other, bool clearAbsent) {
+void RyvCfgDrawingSettings::CopyNonDrawingSpecificValues(
+    const RyvCfgDrawingSettings& other, bool clearAbsent) {
     for (int index = 0; index <= getMaxBracketIndex(); ++index) {
         if (isDrawingSpecific(index))
             continue;

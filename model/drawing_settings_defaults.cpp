@@ -16,8 +16,8 @@ struct HostDefault {
     int index;
     CStringView function;
 };
-constexpr std::array<HostDefault, 4> hostDefaults{{{71, u"kq_xref_tbl_indexlst"}, {72, u"kq_xref_tbl_fldnams"},
-    {73, u"kq_xref_tbl_jstlst"}, {76, u"kq_kqp_get_dwg_WNUM_GAP_settings"}}};
+constexpr std::array<HostDefault, 4> hostDefaults{{{71, u"kq_xref_tbl_indexlst"},
+    {72, u"kq_xref_tbl_fldnams"}, {73, u"kq_xref_tbl_jstlst"}, {76, u"kq_kqp_get_dwg_WNUM_GAP_settings"}}};
 
 } // namespace
 

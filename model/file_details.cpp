@@ -124,8 +124,8 @@ bool RyvPrmFileDetails::operator==(const RyvPrmFileDetails& other) const noexcep
         return true;
     return sameText(getFileName(), other.getFileName()) && getFileId() == other.getFileId() &&
            sameText(getDescription1(), other.getDescription1()) &&
-           sameText(getDescription2(), other.getDescription2()) && getDescriptions() == other.getDescriptions() &&
-           isReferenceOnly() == other.isReferenceOnly();
+           sameText(getDescription2(), other.getDescription2()) &&
+           getDescriptions() == other.getDescriptions() && isReferenceOnly() == other.isReferenceOnly();
 }
 
 } // namespace ryv

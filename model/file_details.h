@@ -10,8 +10,8 @@
 
 namespace ryv {
 
-/// A drawing. Copies share their content until one of them is written to, so a copy costs two words. What the getters
-/// give is valid until the record is written to or destroyed.
+/// A drawing. Copies share their content until one of them is written to, so a copy costs two words. What the
+/// getters give is valid until the record is written to or destroyed.
 class RyvPrmFileDetails : public RyvPrmItem {
 public:
     RyvPrmFileDetails();
@@ -33,9 +33,13 @@ public:
     void setFileId(std::int32_t id);
 
     /// The "=" and the "==" line.
-    CStringView getDescription1() const noexcept { return pool_ ? pool_->description1(number_) : CStringView(); }
+    CStringView getDescription1() const noexcept {
+        return pool_ ? pool_->description1(number_) : CStringView();
+    }
     void setDescription1(CStringView text);
-    CStringView getDescription2() const noexcept { return pool_ ? pool_->description2(number_) : CStringView(); }
+    CStringView getDescription2() const noexcept {
+        return pool_ ? pool_->description2(number_) : CStringView();
+    }
     void setDescription2(CStringView text);
 
     /// The "===" lines.
@@ -61,7 +65,7 @@ private:
     Fields fields() const;
     void store(const Fields& fields);
 
-    std::uint32_t number_ = 0; // in front of the pool, where it fits behind the base's members
+    std::uint32_t number_ = 0;          // in front of the pool, where it fits behind the base's members
     std::shared_ptr<DrawingPool> pool_; // null for a record with all fields empty
 };
 

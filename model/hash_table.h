@@ -7,9 +7,9 @@
 
 namespace ryv {
 
-/// Slots are 16 bytes and lie in one block, so that a look-up costs one probe and one comparison. The records hold
-/// their own keys; the table never owns them. The lowest bit of a hash is not used: it marks a record whose key occurs
-/// again in the tree, behind the first.
+/// Slots are 16 bytes and lie in one block, so that a look-up costs one probe and one comparison. The records
+/// hold their own keys; the table never owns them. The lowest bit of a hash is not used: it marks a record
+/// whose key occurs again in the tree, behind the first.
 template <class T>
 class HashTable {
 public:
@@ -59,7 +59,9 @@ public:
 
 private:
     std::size_t mask() const noexcept { return slots_.size() - 1; }
-    std::size_t home(std::uint64_t hash) const noexcept { return static_cast<std::size_t>(hash >> 1) & mask(); }
+    std::size_t home(std::uint64_t hash) const noexcept {
+        return static_cast<std::size_t>(hash >> 1) & mask();
+    }
     std::size_t next(std::size_t at) const noexcept { return (at + 1) & mask(); }
 
     void place(Slot slot) {

@@ -6,11 +6,13 @@
 namespace ryv {
 
 const RyvPrmFileDetails* asFileDetails(const RyvPrmItem* item) noexcept {
-    return item && item->kind_ == RyvPrmItem::Kind::drawing ? static_cast<const RyvPrmFileDetails*>(item) : nullptr;
+    return item && item->kind_ == RyvPrmItem::Kind::drawing ? static_cast<const RyvPrmFileDetails*>(item)
+                                                            : nullptr;
 }
 
 const RyvPrmSubfolder* asSubfolder(const RyvPrmItem* item) noexcept {
-    return item && item->kind_ == RyvPrmItem::Kind::subfolder ? static_cast<const RyvPrmSubfolder*>(item) : nullptr;
+    return item && item->kind_ == RyvPrmItem::Kind::subfolder ? static_cast<const RyvPrmSubfolder*>(item)
+                                                              : nullptr;
 }
 
 RyvPrmFileDetails* asFileDetails(RyvPrmItem* item) noexcept {

@@ -13,8 +13,8 @@ class ProjectLineWriter;
 /// Reads and writes project files. All access goes through the files port of platform().
 class RyvPrmKQPFiler : public RyvPmUtilsKQPFiler {
 public:
-    /// `relativePaths`: drawings are written relative to the project's folder where they can be; otherwise absolute
-    /// and in upper case. Every filer that the program itself makes writes relative paths.
+    /// `relativePaths`: drawings are written relative to the project's folder where they can be; otherwise
+    /// absolute and in upper case. Every filer that the program itself makes writes relative paths.
     explicit RyvPrmKQPFiler(bool relativePaths);
     /// The same, with `path` opened for reading, or for writing too.
     RyvPrmKQPFiler(CStringView path, bool forWriting, bool relativePaths);
@@ -22,9 +22,9 @@ public:
 
     using RyvPmUtilsKQPFiler::readProject;
 
-    /// Reads the open file into `data`. Returns true whatever happens: when the file cannot be read, `data` is an
-    /// empty project with default settings and getLastError() is not 0. Callers that keep an open project read into
-    /// a second RyvPrmProjectData and swap.
+    /// Reads the open file into `data`. Returns true whatever happens: when the file cannot be read, `data`
+    /// is an empty project with default settings and getLastError() is not 0. Callers that keep an open
+    /// project read into a second RyvPrmProjectData and swap.
     bool readProject(RyvPrmProjectData& data);
 
     /// The steps of readProject, from the raw sections of the last read. Each returns true.
@@ -32,16 +32,17 @@ public:
     bool initCfgDrawingSettings(RyvPrmProjectData& data);
     bool initProjDescriptionLines(RyvPrmProjectData& data);
 
-    /// Writes the whole file. False with error 2 when no file is open, 4 when it is not open for writing, and with
-    /// one of the other errors when writing fails; the old file is whole then.
+    /// Writes the whole file. False with error 2 when no file is open, 4 when it is not open for writing, and
+    /// with one of the other errors when writing fails; the old file is whole then.
     bool writeProject(const RyvPrmProjectData& data);
 
     /// Like writeProject, but the first four miscellaneous settings pass through replaceGblVars().
     bool writeProjectEx(const RyvPrmProjectData& data);
 
-    /// Replaces folders of the first four miscellaneous settings by the variables that stand for them ("%SL_DIR%",
-    /// "%KQ_DIR%", "%DS_DIR%", "%PF_DIR%"), or with `expand` the variables by the folders. Case counts; a variable
-    /// without a value replaces nothing.
+    /// Replaces folders of the first four miscellaneous settings by the variables that stand for them
+    /// ("%SL_DIR%",
+    /// "%KQ_DIR%", "%DS_DIR%", "%PF_DIR%"), or with `expand` the variables by the folders. Case counts; a
+    /// variable without a value replaces nothing.
     void SwapFullPathWithVariable(CString& text, bool expand);
 
     /// `path` relative to the project's folder; false, with `path` unchanged, when there is no such path.
@@ -53,13 +54,15 @@ public:
     /// document is open, otherwise through the sibling service.
     virtual void replaceGblVars(CString& text);
 
-    /// Two texts of the identity of the linked project, and of this one; see RyvPmUtilsRypxFiler::GetProjectData.
+    /// Two texts of the identity of the linked project, and of this one; see
+    /// RyvPmUtilsRypxFiler::GetProjectData.
     bool getOZMProjectInfo(CString& a, CString& b);
     bool getLocalProjectInfo(CString& a, CString& b);
 
 private:
     bool write(const RyvPrmProjectData& data, bool replaceVariables);
-    void writeMiscSettings(const RyvPmMiscProjSettings& misc, bool replaceVariables, ProjectLineWriter& lines);
+    void writeMiscSettings(
+        const RyvPmMiscProjSettings& misc, bool replaceVariables, ProjectLineWriter& lines);
     void writeOutDwgInfo(const RyvPrmItems& topLevel, ProjectLineWriter& lines);
     void writeDrawing(const RyvPrmFileDetails& drawing, CStringView trace, ProjectLineWriter& lines);
     CStringView pathFor(CStringView fileName, CString& room) const;

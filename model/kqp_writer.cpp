@@ -17,14 +17,15 @@ namespace ryv {
 
 namespace {
 
-/// A path variable and the LISP global whose value is the folder that it stands for, in the order of their use.
+/// A path variable and the LISP global whose value is the folder that it stands for, in the order of their
+/// use.
 struct PathVariable {
     CStringView variable;
     CStringView global;
 };
-constexpr std::array<PathVariable, 4> pathVariables{{{u"%SL_DIR%", u"GBL_kq_BaseLibs"},
-    {u"%KQ_DIR%", u"GBL_KQ_DOCSETKQBASE"}, {u"%DS_DIR%", u"GBL_KQ_DOCSETBASE"},
-    {u"%PF_DIR%", u"GBL_KQ_BASEINSTALL"}}};
+constexpr std::array<PathVariable, 4> pathVariables{
+    {{u"%SL_DIR%", u"GBL_kq_BaseLibs"}, {u"%KQ_DIR%", u"GBL_KQ_DOCSETKQBASE"},
+        {u"%DS_DIR%", u"GBL_KQ_DOCSETBASE"}, {u"%PF_DIR%", u"GBL_KQ_BASEINSTALL"}}};
 constexpr int lastWithVariables = 4;
 
 /// Sheet number and sheet drawing name belong to a drawing and never stand in a project file.
@@ -39,12 +40,12 @@ bool needsQuote(CStringView path) {
     return path.size() > 1 && path[1] == u'[' && (path[0] == u'*' || path[0] == u'+' || path[0] == u'?');
 }
 
-/// What relativePathTo would give, by a mere look, for a drawing below the folder that is spelled alike; empty when it
-/// takes more than a look.
+/// What relativePathTo would give, by a mere look, for a drawing below the folder that is spelled alike;
+/// empty when it takes more than a look.
 CStringView tailBelow(CStringView folder, CStringView fileName) noexcept {
     const std::size_t start = folder.size() + 1;
-    const bool below = fileName.size() > start && fileName[folder.size()] == u'\\' && fileName[start] != u'\\' &&
-                       sameText(fileName.substr(0, folder.size()), folder);
+    const bool below = fileName.size() > start && fileName[folder.size()] == u'\\' &&
+                       fileName[start] != u'\\' && sameText(fileName.substr(0, folder.size()), folder);
     return below ? fileName.substr(start) : CStringView();
 }
 
@@ -123,7 +124,8 @@ void RyvPrmKQPFiler::writeOutDwgInfo(const RyvPrmItems& topLevel, ProjectLineWri
     }
 }
 
-void RyvPrmKQPFiler::writeDrawing(const RyvPrmFileDetails& drawing, CStringView trace, ProjectLineWriter& lines) {
+void RyvPrmKQPFiler::writeDrawing(
+    const RyvPrmFileDetails& drawing, CStringView trace, ProjectLineWriter& lines) {
     if (drawing.getFileName().empty())
         return;
     if (!drawing.getDescription1().empty())
@@ -147,7 +149,8 @@ CStringView RyvPrmKQPFiler::pathFor(CStringView fileName, CString& room) const {
     if (paths::isRelative(fileName)) {
         paths::combineInto(room, projectFolder(), fileName);
     } else if (relativePaths_) {
-        if (const CStringView tail = tailBelow(projectFolder(), fileName); !tail.empty() && leadsBack(tail, fileName))
+        if (const CStringView tail = tailBelow(projectFolder(), fileName);
+            !tail.empty() && leadsBack(tail, fileName))
             return tail;
         room = relativePath(fileName).value_or(CString());
         if (!leadsBack(room, fileName))
@@ -158,8 +161,9 @@ CStringView RyvPrmKQPFiler::pathFor(CStringView fileName, CString& room) const {
     return relativePaths_ ? room : room = toUpper(room);
 }
 
-/// A reader has to come back to the same name: names that look absolute on their own ("C:x.dwg"), paths longer than the
-/// platform's rules join, and names that joining would fold into others are better written whole.
+/// A reader has to come back to the same name: names that look absolute on their own ("C:x.dwg"), paths
+/// longer than the platform's rules join, and names that joining would fold into others are better written
+/// whole.
 bool RyvPrmKQPFiler::leadsBack(CStringView relative, CStringView fileName) const {
     const bool tooLong = projectFolder().size() + 1 + relative.size() > paths::maxLength;
     if (relative.empty() || tooLong || !paths::isRelative(relative))
@@ -198,7 +202,8 @@ void RyvPrmKQPFiler::SwapFullPathWithVariable(CString& text, bool expand) {
         CString folder;
         readLispGlobal(entry.global, folder);
         if (!folder.empty())
-            text = expand ? replaceAll(text, entry.variable, folder) : replaceAll(text, folder, entry.variable);
+            text =
+                expand ? replaceAll(text, entry.variable, folder) : replaceAll(text, folder, entry.variable);
     }
 }
 

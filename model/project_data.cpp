@@ -218,7 +218,8 @@ bool RyvPrmProjectData::getDetailsForFiles(const CStringArray& names, CArray<Ryv
     return names.empty() || !matches.empty();
 }
 
-bool RyvPrmProjectData::getDetailsForSubfolders(const CStringArray& traces, CArray<RyvPrmSubfolder*>& out) const {
+bool RyvPrmProjectData::getDetailsForSubfolders(
+    const CStringArray& traces, CArray<RyvPrmSubfolder*>& out) const {
     out.clear();
     for (const CString& trace : traces)
         if (RyvPrmSubfolder* const subfolder = findSubfolder(trace))

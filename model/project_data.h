@@ -13,13 +13,14 @@ namespace ryv {
 
 class ProjectIndex;
 
-/// Description lines, miscellaneous settings, default drawing settings and the tree of drawings and subfolders.
+/// Description lines, miscellaneous settings, default drawing settings and the tree of drawings and
+/// subfolders.
 ///
-/// Names and traces are compared without regard to case in every look-up; operator== is exact. A trace names a
-/// subfolder by the names on the way from the top level, joined by "/"; empty components are skipped.
+/// Names and traces are compared without regard to case in every look-up; operator== is exact. A trace names
+/// a subfolder by the names on the way from the top level, joined by "/"; empty components are skipped.
 ///
-/// The project owns every item. Where an operation unlinks an item without destroying it, the item stays alive until
-/// the project is destroyed.
+/// The project owns every item. Where an operation unlinks an item without destroying it, the item stays
+/// alive until the project is destroyed.
 class RyvPrmProjectData {
 public:
     RyvPrmProjectData();
@@ -42,12 +43,13 @@ public:
 
     /// The top-level items.
     const RyvPrmItems& getProjFileDetails() const noexcept;
-    /// Replaces the tree by `items`, in order, and takes them over. Items of this project are moved to their new
-    /// place, wherever they stand; all other items of the old tree are destroyed. Null entries are skipped.
+    /// Replaces the tree by `items`, in order, and takes them over. Items of this project are moved to their
+    /// new place, wherever they stand; all other items of the old tree are destroyed. Null entries are
+    /// skipped.
     void setProjFileDetails(const CArray<RyvPrmItem*>& items);
 
-    /// Appends `item` to the top level, or to the subfolder of `trace` when that is neither null nor empty; missing
-    /// subfolders are made. False when no subfolder results; `item` is destroyed then.
+    /// Appends `item` to the top level, or to the subfolder of `trace` when that is neither null nor empty;
+    /// missing subfolders are made. False when no subfolder results; `item` is destroyed then.
     bool addFile(std::unique_ptr<RyvPrmItem> item, const CString* trace = nullptr);
 
     /// Appends all items to the top level, in order.
@@ -59,13 +61,14 @@ public:
     /// Destroys the first drawing of that name, depth first; false when there is none.
     bool removeFile(CStringView name);
 
-    /// Takes out one drawing for each entry of `names`, depth first, a name given twice taking two; the records are
-    /// not destroyed but kept aside. True when `names` was empty or at least one was taken.
+    /// Takes out one drawing for each entry of `names`, depth first, a name given twice taking two; the
+    /// records are not destroyed but kept aside. True when `names` was empty or at least one was taken.
     bool removeFiles(const CStringArray& names);
 
-    /// For each trace, from the last entry to the first, takes the subfolder out of its parent: one at the top level
-    /// is destroyed with all that it holds, a nested one is only unlinked and kept aside. (The difference is
-    /// deliberate: callers that unlink a nested subfolder may still look at it.) True only when every one was found.
+    /// For each trace, from the last entry to the first, takes the subfolder out of its parent: one at the
+    /// top level is destroyed with all that it holds, a nested one is only unlinked and kept aside. (The
+    /// difference is deliberate: callers that unlink a nested subfolder may still look at it.) True only when
+    /// every one was found.
     bool removeSubfolders(const CStringArray& traces);
 
     /// Gives the first drawing named `oldName` the name `newName`, in its place; false when there is none.
@@ -80,27 +83,31 @@ public:
     /// The first drawing of that name, or null; the tree's own record.
     RyvPrmFileDetails* findFile(CStringView name) const;
 
-    /// Appends a copy of one drawing for each entry of `names`, depth first; matching and result as in removeFiles.
+    /// Appends a copy of one drawing for each entry of `names`, depth first; matching and result as in
+    /// removeFiles.
     bool getDetailsForFiles(const CStringArray& names, CArray<RyvPrmFileDetails>& out) const;
 
-    /// Empties `out` and appends the subfolder of each trace that is found; the tree's own objects. False when any
-    /// was not found.
+    /// Empties `out` and appends the subfolder of each trace that is found; the tree's own objects. False
+    /// when any was not found.
     bool getDetailsForSubfolders(const CStringArray& traces, CArray<RyvPrmSubfolder*>& out) const;
 
-    /// Finds the subfolder of `trace` below `subfolder` (the top level when null) and stores it there, or null.
+    /// Finds the subfolder of `trace` below `subfolder` (the top level when null) and stores it there, or
+    /// null.
     ///
-    /// `create`: missing subfolders are made, with upper-case names. `makeUnique` (only together with `create`): when
-    /// the last component exists already, a new subfolder beside it is made, named with " (1)", " (2)" and so on.
-    /// True when a subfolder results. An empty trace, or `makeUnique` without `create`, gives false and leaves
-    /// `subfolder` alone.
+    /// `create`: missing subfolders are made, with upper-case names. `makeUnique` (only together with
+    /// `create`): when the last component exists already, a new subfolder beside it is made, named with "
+    /// (1)", " (2)" and so on. True when a subfolder results. An empty trace, or `makeUnique` without
+    /// `create`, gives false and leaves `subfolder` alone.
     bool getSubfolderByTrace(CStringView trace, RyvPrmSubfolder*& subfolder, bool create, bool makeUnique);
     /// The look-up alone, from the top level; null when there is none.
     RyvPrmSubfolder* findSubfolder(CStringView trace) const;
 
-    /// Appends every drawing of the tree, depth first, a subfolder's drawings at its place; the tree's own records.
+    /// Appends every drawing of the tree, depth first, a subfolder's drawings at its place; the tree's own
+    /// records.
     void generateFlatFileDetailsArray(CArray<RyvPrmFileDetails*>& out) const;
 
-    /// Exact comparison of descriptions, default settings (case ignored there), miscellaneous settings and tree.
+    /// Exact comparison of descriptions, default settings (case ignored there), miscellaneous settings and
+    /// tree.
     bool operator==(const RyvPrmProjectData& other) const;
 
 private:

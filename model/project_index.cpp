@@ -12,7 +12,8 @@ namespace {
 
 constexpr std::uint64_t rootHash = 0x52A1E7F3C0B94D86u;
 
-/// Hash of a subfolder from its parent's hash and its name; never 0, which marks a subfolder that no trace reaches.
+/// Hash of a subfolder from its parent's hash and its name; never 0, which marks a subfolder that no trace
+/// reaches.
 std::uint64_t step(std::uint64_t parent, CStringView name) noexcept {
     const std::uint64_t mixed = (parent * 0x9E3779B97F4A7C15u) ^ hashNoCase(name);
     return (mixed ^ (mixed >> 29)) | (std::uint64_t{1} << 63);
@@ -78,8 +79,9 @@ std::uint64_t ProjectIndex::hashOf(const RyvPrmSubfolder& subfolder) const noexc
     return subfolder.index_ == this ? subfolder.traceHash_ : 0;
 }
 
-/// Enters a subfolder unless it is hidden from traces: by an equal name in front of it, by a hidden parent, or by
-/// having no name. Subfolders below a hidden one are hidden with it, as a search level by level would not reach them.
+/// Enters a subfolder unless it is hidden from traces: by an equal name in front of it, by a hidden parent,
+/// or by having no name. Subfolders below a hidden one are hidden with it, as a search level by level would
+/// not reach them.
 bool ProjectIndex::enterSubfolder(RyvPrmSubfolder& subfolder) {
     const RyvPrmSubfolder& parent = *subfolder.parent();
     subfolder.traceHash_ = 0;

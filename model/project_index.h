@@ -13,8 +13,9 @@ class RyvPrmFileDetails;
 class RyvPrmItem;
 class RyvPrmSubfolder;
 
-/// Both tables are absent or exact. Each is built by one walk at the first look-up that needs it, kept by changes that
-/// cannot disturb which of several equal names comes first in depth-first order, and dropped by all others.
+/// Both tables are absent or exact. Each is built by one walk at the first look-up that needs it, kept by
+/// changes that cannot disturb which of several equal names comes first in depth-first order, and dropped by
+/// all others.
 class ProjectIndex {
 public:
     /// `root` is the project's tree and outlives the index.
@@ -29,7 +30,8 @@ public:
     /// The first subfolder of that name directly in `parent`, or null.
     RyvPrmSubfolder* findChild(const RyvPrmSubfolder& parent, CStringView name);
 
-    // What the tree tells: an item was placed (`last`: at the end of its subfolder), is about to leave, to be renamed.
+    // What the tree tells: an item was placed (`last`: at the end of its subfolder), is about to leave, to be
+    // renamed.
     void added(RyvPrmItem& item, bool last);
     void aboutToRemove(const RyvPrmItem& item);
     void aboutToRename(RyvPrmFileDetails& drawing, CStringView newName);
@@ -53,7 +55,8 @@ private:
     void addedSubfolder(RyvPrmSubfolder& subfolder, bool last);
     void removeDrawing(const RyvPrmFileDetails& drawing);
     void removeSubfolder(const RyvPrmSubfolder& subfolder);
-    bool matchesTrace(const RyvPrmSubfolder& found, const RyvPrmSubfolder& start, CStringView trace) const noexcept;
+    bool matchesTrace(
+        const RyvPrmSubfolder& found, const RyvPrmSubfolder& start, CStringView trace) const noexcept;
 
     const RyvPrmSubfolder& root_;
     std::optional<Drawings> drawings_;

@@ -34,8 +34,8 @@ void ProjectLineWriter::write(CStringView prefix, CStringView text, CStringView 
         encodePending();
 }
 
-/// Encodes many lines at once and then looks whether there are as many line feeds as between the lines; only when
-/// there are more are the lines looked at one by one.
+/// Encodes many lines at once and then looks whether there are as many line feeds as between the lines; only
+/// when there are more are the lines looked at one by one.
 void ProjectLineWriter::encodePending() {
     const std::size_t start = bytes_.size();
     encodeUtf8(pending_, bytes_);

@@ -9,8 +9,8 @@
 
 namespace ryv {
 
-/// Puts one line feed between two lines, none in front of the first, and one behind the last. A line can never turn
-/// into two: a line break inside a text becomes a blank and is reported.
+/// Puts one line feed between two lines, none in front of the first, and one behind the last. A line can
+/// never turn into two: a line break inside a text becomes a blank and is reported.
 class ProjectLineWriter {
 public:
     /// `reporter` may be null; it outlives the writer.
@@ -33,7 +33,7 @@ private:
     CString pending_;                 // lines that are not encoded yet
     std::vector<std::size_t> starts_; // where each of them begins, behind its line feed
     std::string bytes_;
-    std::size_t lines_ = 0;           // all that were written
+    std::size_t lines_ = 0; // all that were written
     ProjectReporter* reporter_;
 };
 

@@ -14,8 +14,8 @@ class ProjectIndex;
 
 using RyvPrmItems = CArray<std::unique_ptr<RyvPrmItem>>;
 
-/// A subfolder owns its items and destroys them with itself. Every change of a tree goes through the methods here,
-/// which tell the project's index.
+/// A subfolder owns its items and destroys them with itself. Every change of a tree goes through the methods
+/// here, which tell the project's index.
 class RyvPrmSubfolder : public RyvPrmItem {
 public:
     RyvPrmSubfolder();
@@ -23,9 +23,9 @@ public:
     ~RyvPrmSubfolder() override;
     RyvPrmSubfolder(const RyvPrmSubfolder&) = delete;
 
-    /// Deliberately shallow and lossy: takes the name over and leaves the target without items. The target's items
-    /// are not destroyed by this (pointers to them stay valid until the target itself is destroyed), and the source's
-    /// items are not copied.
+    /// Deliberately shallow and lossy: takes the name over and leaves the target without items. The target's
+    /// items are not destroyed by this (pointers to them stay valid until the target itself is destroyed),
+    /// and the source's items are not copied.
     RyvPrmSubfolder& operator=(const RyvPrmSubfolder& other);
 
     /// One component of a trace; upper case when made by a reader.
@@ -38,15 +38,17 @@ public:
     /// Appends an item and returns it; null is refused with std::invalid_argument.
     RyvPrmItem& add(std::unique_ptr<RyvPrmItem> item);
 
-    /// Inserts an item in front of the one at `position`; a position outside 0..count throws std::invalid_argument.
+    /// Inserts an item in front of the one at `position`; a position outside 0..count throws
+    /// std::invalid_argument.
     RyvPrmItem& insert(std::size_t position, std::unique_ptr<RyvPrmItem> item);
 
-    /// Takes an item out; the caller owns it. A position outside the array, or an item that is not here, throws
-    /// std::invalid_argument.
+    /// Takes an item out; the caller owns it. A position outside the array, or an item that is not here,
+    /// throws std::invalid_argument.
     std::unique_ptr<RyvPrmItem> take(std::size_t position);
     std::unique_ptr<RyvPrmItem> take(const RyvPrmItem& item);
 
-    /// Takes out all items for which `chosen` (one entry an item) is set, in one pass; the rest keeps its order.
+    /// Takes out all items for which `chosen` (one entry an item) is set, in one pass; the rest keeps its
+    /// order.
     std::vector<std::unique_ptr<RyvPrmItem>> takeAll(const std::vector<bool>& chosen);
 
     /// Destroys all items, however deep they are nested.
@@ -75,8 +77,8 @@ private:
     CString name_;
     RyvPrmItems items_;
     std::vector<std::unique_ptr<RyvPrmItem>> parked_;
-    ProjectIndex* index_ = nullptr;   // of the project whose tree this is in, or null
-    std::uint64_t traceHash_ = 0;     // kept by the index; 0: not reachable by a trace
+    ProjectIndex* index_ = nullptr; // of the project whose tree this is in, or null
+    std::uint64_t traceHash_ = 0;   // kept by the index; 0: not reachable by a trace
 };
 
 } // namespace ryv

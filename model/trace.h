@@ -2,6 +2,9 @@
 #pragma once
 
 #include "base/strings.h"
+#include "base/text.h"
+
+#include <algorithm>
 
 namespace ryv {
 
@@ -13,9 +16,9 @@ public:
     CStringView next() noexcept {
         CStringView component;
         while (component.empty() && !rest_.empty()) {
-            const std::size_t end = rest_.find(u'/');
-            component = rest_.substr(0, end);
-            rest_ = end == CStringView::npos ? CStringView() : rest_.substr(end + 1);
+            const std::size_t end = findUnit(rest_, u'/');
+            component = {rest_.data(), end};
+            rest_.remove_prefix(std::min(end + 1, rest_.size()));
         }
         return component;
     }

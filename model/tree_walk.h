@@ -8,8 +8,8 @@
 
 namespace ryv {
 
-/// Gives the items below a subfolder depth first, in array order, a subfolder in front of its items. The tree must not
-/// change meanwhile.
+/// Gives the items below a subfolder depth first, in array order, a subfolder in front of its items. The tree
+/// must not change meanwhile.
 class TreeWalk {
 public:
     explicit TreeWalk(const RyvPrmSubfolder& top) { levels_.push_back({&top, 0}); }

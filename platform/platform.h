@@ -1,5 +1,5 @@
-// Everything that the module asks of its surroundings, by role. A program or a test fills in what it supplies; the
-// rest keeps null objects that do nothing and answer "no".
+// Everything that the module asks of its surroundings, by role. A program or a test fills in what it
+// supplies; the rest keeps null objects that do nothing and answer "no".
 #pragma once
 
 #include "platform/host/documents.h"

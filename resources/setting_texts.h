@@ -1,5 +1,5 @@
-// The descriptions of the drawing settings, by message key: what is shown where the package's own message files have
-// no text for it.
+// The descriptions of the drawing settings, by message key: what is shown where the package's own message
+// files have no text for it.
 #pragma once
 
 #include "base/strings.h"

@@ -16,8 +16,8 @@ std::string markedUtf8(std::string_view utf8) {
     return std::string(mark(TextEncoding::utf8WithMark)).append(utf8);
 }
 
-/// The bytes in the wanted encoding, or with `encoding` changed to UTF-8 with a mark when that encoding lacks a
-/// character, or when a reader would take the bytes for another encoding.
+/// The bytes in the wanted encoding, or with `encoding` changed to UTF-8 with a mark when that encoding lacks
+/// a character, or when a reader would take the bytes for another encoding.
 std::string encodeAs(std::string utf8, TextEncoding& encoding) {
     std::string bytes;
     if (encoding == TextEncoding::utf8) {
@@ -147,8 +147,8 @@ bool RyvPmUtilsKQPFiler::commit(std::string utf8) {
         encoding_ = encoding;
     }
     if (!result.ok())
-        return fail(result.status.error == FileError::changedOutside ? changedOutside : cannotWrite, result.status,
-            result.file);
+        return fail(result.status.error == FileError::changedOutside ? changedOutside : cannotWrite,
+            result.status, result.file);
     clearLastError();
     if (!store_)
         return true;

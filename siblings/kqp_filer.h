@@ -91,8 +91,8 @@ protected:
     RyvPmUtilsRypxFiler& store();
 
     /// The drawing of a path line, without white space at its ends and without the one double quote that may
-    /// stand in front, absolute where it can be joined to the project's folder. Stored in `path`, whose room is
-    /// used again.
+    /// stand in front, absolute where it can be joined to the project's folder. Stored in `path`, whose room
+    /// is used again.
     void drawingPathOf(CStringView line, CString& path) const;
 
     /// Replaces the file's content by `utf8`, in the encoding that the file was read in, or as UTF-8 with a

@@ -30,8 +30,8 @@ std::optional<Index> readIndex(CStringView line) {
     return Index{*number, end + 1};
 }
 
-/// True when a unit can only come from bytes that mean nothing in the encoding: a surrogate on its own, or one of the
-/// undefined bytes of Windows-1252.
+/// True when a unit can only come from bytes that mean nothing in the encoding: a surrogate on its own, or
+/// one of the undefined bytes of Windows-1252.
 bool holdsUndecodable(CStringView text, TextEncoding encoding) {
     if (encoding == TextEncoding::windows1252)
         return text.find_first_of(u"\u0081\u008D\u008F\u0090\u009D") != CStringView::npos;
@@ -66,13 +66,14 @@ void ProjectSections::clear() {
     cursor_ = {};
 }
 
-/// Finds the line ends. Where every unit came from one byte, and that is nearly always, they are looked for in the bytes,
-/// which the standard library searches many at a time.
+/// Finds the line ends. Where every unit came from one byte, and that is nearly always, they are looked for
+/// in the bytes, which the standard library searches many at a time.
 void ProjectSections::sortLines(ByteBuffer bytes, ProjectReporter* reporter) {
     const CStringView text = *text_;
     const std::string_view oneByteEach = bytes.view().substr(markLength(encoding_));
     if (oneByteEach.size() == text.size()) {
-        sortLines(reporter, [&](std::size_t from) { return std::min(oneByteEach.find('\n', from), text.size()); });
+        sortLines(
+            reporter, [&](std::size_t from) { return std::min(oneByteEach.find('\n', from), text.size()); });
     } else {
         bytes.clear();
         sortLines(reporter, [&](std::size_t from) { return findUnit(text, u'\n', from); });
@@ -137,8 +138,8 @@ void ProjectSections::sortIndexed(Section section, TextSlice line, ProjectReport
     *slot = {line.start + textStart, line.length - textStart};
 }
 
-/// Where the text of an indexed line is kept; null when the number is out of range. A kept text never starts at 0,
-/// as its prefix stands in front of it.
+/// Where the text of an indexed line is kept; null when the number is out of range. A kept text never starts
+/// at 0, as its prefix stands in front of it.
 TextSlice* ProjectSections::slotFor(Section section, long long index) {
     if (section == Section::settings)
         return index >= 0 && index <= largestSetting ? &settings_[static_cast<int>(index)] : nullptr;
@@ -146,7 +147,8 @@ TextSlice* ProjectSections::slotFor(Section section, long long index) {
         const bool inRange = index >= 1 && index <= RyvPmMiscProjSettings::getMaxBracketIndex();
         return inRange ? &misc_[static_cast<int>(index)] : nullptr;
     }
-    const auto largest = static_cast<long long>(std::max(descriptionFloor, text_->size() / unitsPerDescription));
+    const auto largest =
+        static_cast<long long>(std::max(descriptionFloor, text_->size() / unitsPerDescription));
     if (index < 1 || index > largest)
         return nullptr;
     const auto number = static_cast<std::size_t>(index);

@@ -27,8 +27,8 @@ public:
 
     TextEncoding encoding() const noexcept { return encoding_; }
 
-    /// The largest "*[n]" that is accepted: enough for any project made by people, or one number for each so many
-    /// units of the file when that is larger, so that a short file cannot ask for a long list.
+    /// The largest "*[n]" that is accepted: enough for any project made by people, or one number for each so
+    /// many units of the file when that is larger, so that a short file cannot ask for a long list.
     static constexpr std::size_t descriptionFloor = 65536;
     static constexpr std::size_t unitsPerDescription = 8;
 

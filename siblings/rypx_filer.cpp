@@ -45,8 +45,8 @@ struct Content {
 CString oneLine(CStringView text) {
     CString result(text);
     std::replace_if(
-        result.begin(), result.end(), [](char16_t unit) { return unit == u'\n' || unit == u'\r' || unit == u'\t'; },
-        u' ');
+        result.begin(), result.end(),
+        [](char16_t unit) { return unit == u'\n' || unit == u'\r' || unit == u'\t'; }, u' ');
     return result;
 }
 
@@ -209,7 +209,8 @@ struct RyvPmUtilsRypxFiler::Store {
     }
 };
 
-RyvPmUtilsRypxFiler::RyvPmUtilsRypxFiler(Files& files, CStringView project) : files_(files), project_(project) {}
+RyvPmUtilsRypxFiler::RyvPmUtilsRypxFiler(Files& files, CStringView project)
+    : files_(files), project_(project) {}
 
 RyvPmUtilsRypxFiler::~RyvPmUtilsRypxFiler() = default;
 

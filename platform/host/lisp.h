@@ -9,8 +9,8 @@ class HostLisp {
 public:
     virtual ~HostLisp() = default;
 
-    /// Calls a LISP function: `call` begins with a string node that names it, followed by the arguments. `result` is
-    /// filled on success and left alone otherwise.
+    /// Calls a LISP function: `call` begins with a string node that names it, followed by the arguments.
+    /// `result` is filled on success and left alone otherwise.
     virtual LispStatus invoke(const HostResultBuffer& call, HostResultBuffer& result) = 0;
 };
 

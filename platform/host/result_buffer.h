@@ -13,20 +13,20 @@ namespace ryv {
 /// Type codes of the nodes.
 enum class ResultType : short {
     real = 5001,
-    integer = 5003,      ///< 16-bit
+    integer = 5003, ///< 16-bit
     string = 5005,
     listBegin = 5016,
     listEnd = 5017,
     nil = 5019,
-    truth = 5021,        ///< the symbol T
-    nestedList = 5023    ///< a whole list passed as one value
+    truth = 5021,     ///< the symbol T
+    nestedList = 5023 ///< a whole list passed as one value
 };
 
 /// Status of a call. Any other number is a failure of the host's own.
 enum class LispStatus : int {
     success = 5100,
     failure = -5001,
-    noDocument = -5004   ///< there is no current document; nothing was called
+    noDocument = -5004 ///< there is no current document; nothing was called
 };
 
 /// A chain of values. It owns its nodes, so whoever holds the chain releases it by letting it go.

@@ -1,8 +1,9 @@
-// The files port: the primitives that careful file handling is made of, and nothing cleverer, so that one forwarding
-// wrapper can make every single step fail in a test. What is built from them (atomic saving, locks) lies in siblings/.
+// The files port: the primitives that careful file handling is made of, and nothing cleverer, so that one
+// forwarding wrapper can make every single step fail in a test. What is built from them (atomic saving,
+// locks) lies in siblings/.
 //
-// Paths are module text: "\" between components. An implementation looks names up exactly first and then without
-// regard to case, component by component, so that a project made on a case-insensitive disk opens.
+// Paths are module text: "\" between components. An implementation looks names up exactly first and then
+// without regard to case, component by component, so that a project made on a case-insensitive disk opens.
 #pragma once
 
 #include "base/strings.h"
@@ -17,24 +18,25 @@ namespace ryv {
 /// Why an operation on a file failed. `none` is success.
 enum class FileError {
     none,
-    missing,      ///< no such file or folder
-    denied,       ///< the user may not do this
-    readOnly,     ///< the file is protected, or its file system is mounted read-only
-    exists,       ///< exclusive creation found a file
-    isFolder,     ///< a file was asked for and a folder stands there
-    notFolder,    ///< a component on the way is not a folder
-    notRegular,   ///< a file was asked for and a pipe, a device or the like stands there
-    noSpace,      ///< the disk is full or a quota is used up
-    io,           ///< the device reported an error
-    busy,         ///< a lock is held by somebody else
+    missing,        ///< no such file or folder
+    denied,         ///< the user may not do this
+    readOnly,       ///< the file is protected, or its file system is mounted read-only
+    exists,         ///< exclusive creation found a file
+    isFolder,       ///< a file was asked for and a folder stands there
+    notFolder,      ///< a component on the way is not a folder
+    notRegular,     ///< a file was asked for and a pipe, a device or the like stands there
+    noSpace,        ///< the disk is full or a quota is used up
+    io,             ///< the device reported an error
+    busy,           ///< a lock is held by somebody else
     changedOutside, ///< another process wrote the file since it was read
-    unsupported,  ///< the file system cannot do this (locks on some network file systems)
-    badName,      ///< the name cannot exist here: empty, too long, or holding a NUL
-    tooLarge,     ///< the content does not fit into memory or past a limit
+    unsupported,    ///< the file system cannot do this (locks on some network file systems)
+    badName,        ///< the name cannot exist here: empty, too long, or holding a NUL
+    tooLarge,       ///< the content does not fit into memory or past a limit
     other
 };
 
-/// Result of an operation: the kind of failure and the system's own number for it (errno; 0 when there is none).
+/// Result of an operation: the kind of failure and the system's own number for it (errno; 0 when there is
+/// none).
 struct [[nodiscard]] FileStatus {
     FileError error = FileError::none;
     int systemCode = 0;
@@ -49,32 +51,35 @@ const char* describe(FileError error) noexcept;
 enum class FileHandle : std::intptr_t { none = -1 };
 
 enum class OpenMode {
-    read,            ///< existing file, for reading
-    readWrite,       ///< existing file, for reading and writing
-    openOrCreate,    ///< for reading and writing; made empty when missing, never truncated
-    createExclusive  ///< for reading and writing; fails with `exists` when the name is taken
+    read,           ///< existing file, for reading
+    readWrite,      ///< existing file, for reading and writing
+    openOrCreate,   ///< for reading and writing; made empty when missing, never truncated
+    createExclusive ///< for reading and writing; fails with `exists` when the name is taken
 };
 
 /// What is known of a file without reading it.
 struct FileInformation {
-    std::uint64_t device = 0;           ///< identity: two paths with equal device and inode are one file
+    std::uint64_t device = 0; ///< identity: two paths with equal device and inode are one file
     std::uint64_t inode = 0;
-    std::uint64_t size = 0;             ///< bytes
+    std::uint64_t size = 0;               ///< bytes
     std::int64_t modifiedNanoseconds = 0; ///< since 1970-01-01 UTC
     bool isFolder = false;
     bool isRegular = false;
-    bool readOnly = false;              ///< no write bit at all, or not writable for the effective user
+    bool readOnly = false; ///< no write bit at all, or not writable for the effective user
 };
 
-/// The operations. All may be called from the main thread only. A handle is closed exactly once, also after errors.
+/// The operations. All may be called from the main thread only. A handle is closed exactly once, also after
+/// errors.
 class Files {
 public:
     virtual ~Files() = default;
 
-    /// Opens or makes a file. The handle is not inherited by child processes. A new file gets the user's usual mode.
+    /// Opens or makes a file. The handle is not inherited by child processes. A new file gets the user's
+    /// usual mode.
     virtual FileStatus open(CStringView path, OpenMode mode, FileHandle& handle) = 0;
 
-    /// Reads up to buffer.size() bytes at the file position; `count` is 0 at the end. May return fewer than asked for.
+    /// Reads up to buffer.size() bytes at the file position; `count` is 0 at the end. May return fewer than
+    /// asked for.
     virtual FileStatus read(FileHandle handle, std::span<char> buffer, std::size_t& count) = 0;
 
     /// Writes at the file position. May write fewer bytes than given and succeed; `count` says how many.
@@ -89,7 +94,8 @@ public:
     /// Closes; a failure means that data may be lost, the handle is gone all the same.
     virtual FileStatus close(FileHandle handle) = 0;
 
-    /// Puts `from` in the place of `to` in one step; both lie in the same folder. An existing `to` is replaced.
+    /// Puts `from` in the place of `to` in one step; both lie in the same folder. An existing `to` is
+    /// replaced.
     virtual FileStatus rename(CStringView from, CStringView to) = 0;
 
     /// Removes a file (not a folder).
@@ -102,16 +108,17 @@ public:
     virtual FileStatus information(CStringView path, FileInformation& information) = 0;
     virtual FileStatus information(FileHandle handle, FileInformation& information) = 0;
 
-    /// Takes an exclusive advisory lock on an open file, kept until it is closed or its process ends in whatever way.
-    /// Tries for up to `patience`; `busy` when another holder kept it all that time, `unsupported` when the file
-    /// system has no locks.
+    /// Takes an exclusive advisory lock on an open file, kept until it is closed or its process ends in
+    /// whatever way. Tries for up to `patience`; `busy` when another holder kept it all that time,
+    /// `unsupported` when the file system has no locks.
     virtual FileStatus lock(FileHandle handle, std::chrono::milliseconds patience) = 0;
 
-    /// Gives an open file the mode, owning group and extended attributes of the file at `from`, as far as the user may.
+    /// Gives an open file the mode, owning group and extended attributes of the file at `from`, as far as the
+    /// user may.
     virtual FileStatus copyAttributes(CStringView from, FileHandle to) = 0;
 
-    /// The path with symbolic links followed and the names as they are spelled on disk; of a missing file, its folder
-    /// is resolved and its own name kept.
+    /// The path with symbolic links followed and the names as they are spelled on disk; of a missing file,
+    /// its folder is resolved and its own name kept.
     virtual FileStatus resolve(CStringView path, CString& resolved) = 0;
 };
 

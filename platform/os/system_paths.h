@@ -1,5 +1,5 @@
-// Paths that need the system: the current folder, the temporary folder, and the border between the names of the
-// machine's file system and the module's own path text.
+// Paths that need the system: the current folder, the temporary folder, and the border between the names of
+// the machine's file system and the module's own path text.
 #pragma once
 
 #include "base/strings.h"
@@ -22,11 +22,12 @@ public:
     /// The folder for files of no lasting value.
     virtual CString temporaryFolder() = 0;
 
-    /// A path as people and other programs of this machine write it, as absolute module text. Bytes that are not
-    /// valid in the machine's encoding survive the way to text and back.
+    /// A path as people and other programs of this machine write it, as absolute module text. Bytes that are
+    /// not valid in the machine's encoding survive the way to text and back.
     virtual CString fromNative(std::string_view native) = 0;
 
-    /// Module text as a path that this machine's programs understand; for opening files and for showing to people.
+    /// Module text as a path that this machine's programs understand; for opening files and for showing to
+    /// people.
     virtual std::string toNative(CStringView path) = 0;
 };
 
