@@ -24,13 +24,25 @@ std::size_t lineFeeds(std::string_view bytes) noexcept {
 
 } // namespace
 
+/// The place behind the pending lines, with room for so many units.
+char16_t* ProjectLineWriter::room(std::size_t units) {
+    if (used_ + units > pending_.size())
+        pending_.resize(std::max(used_ + units, 2 * chunk));
+    return pending_.data() + used_;
+}
+
 void ProjectLineWriter::write(CStringView prefix, CStringView text, CStringView suffix) {
-    if (lines_ > 0)
-        pending_ += u'\n';
-    ++lines_;
-    starts_.push_back(pending_.size());
-    pending_.append(prefix).append(text).append(suffix);
-    if (pending_.size() >= chunk)
+    char16_t* at = room(1 + prefix.size() + text.size() + suffix.size());
+    if (lines_++ > 0)
+        *at++ = u'\n';
+    starts_.push_back(static_cast<std::size_t>(at - pending_.data()));
+    for (const char16_t unit : prefix) // short, so that a call would cost more
+        *at++ = unit;
+    at = std::copy(text.begin(), text.end(), at);
+    for (const char16_t unit : suffix)
+        *at++ = unit;
+    used_ = static_cast<std::size_t>(at - pending_.data());
+    if (used_ >= chunk)
         encodePending();
 }
 
@@ -38,22 +50,22 @@ void ProjectLineWriter::write(CStringView prefix, CStringView text, CStringView 
 /// when there are more are the lines looked at one by one.
 void ProjectLineWriter::encodePending() {
     const std::size_t start = bytes_.size();
-    encodeUtf8(pending_, bytes_);
+    encodeUtf8(pending(), bytes_);
     const std::string_view encoded = std::string_view(bytes_).substr(start);
     const std::size_t expected = starts_.size() - (!starts_.empty() && starts_[0] == 0 ? 1 : 0);
     if (encoded.find('\r') != std::string_view::npos || lineFeeds(encoded) != expected) {
         mendPending();
         bytes_.resize(start);
-        encodeUtf8(pending_, bytes_);
+        encodeUtf8(pending(), bytes_);
     }
-    pending_.clear();
+    used_ = 0;
     starts_.clear();
 }
 
 void ProjectLineWriter::mendPending() {
     for (std::size_t i = 0; i < starts_.size(); ++i) {
-        const std::size_t end = i + 1 < starts_.size() ? starts_[i + 1] - 1 : pending_.size();
-        const CStringView line = CStringView(pending_).substr(starts_[i], end - starts_[i]);
+        const std::size_t end = i + 1 < starts_.size() ? starts_[i + 1] - 1 : used_;
+        const CStringView line = pending().substr(starts_[i], end - starts_[i]);
         if (!std::any_of(line.begin(), line.end(), isLineBreak))
             continue;
         if (reporter_)

@@ -27,10 +27,13 @@ public:
     std::string finish();
 
 private:
+    char16_t* room(std::size_t units);
+    CStringView pending() const noexcept { return {pending_.data(), used_}; }
     void encodePending();
     void mendPending();
 
-    CString pending_;                 // lines that are not encoded yet
+    std::vector<char16_t> pending_; // lines that are not encoded yet, in the first `used_` units
+    std::size_t used_ = 0;
     std::vector<std::size_t> starts_; // where each of them begins, behind its line feed
     std::string bytes_;
     std::size_t lines_ = 0; // all that were written

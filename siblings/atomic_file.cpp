@@ -8,7 +8,6 @@ namespace ryv {
 
 namespace {
 
-constexpr std::int64_t coarsestFileTime = 2'000'000'000; // nanoseconds: the step of some file systems
 constexpr std::size_t longestExtendedName = 120; // bytes; some encrypting file systems take no name above 143
 constexpr CStringView suffix = u".saving";
 
@@ -33,8 +32,8 @@ public:
 
 private:
     bool findTarget();
+    bool guardMayHold();
     bool checkGuard();
-    bool checkGuardAgain();
     bool write(TemporaryFile& temporary);
     void finish(TemporaryFile& temporary);
     bool check(FileStatus status, CStringView file);
@@ -44,7 +43,7 @@ private:
     SaveResult result_;
     CString target_;
     bool targetPresent_ = false;
-    Fingerprint seen_; // of the target, by the first look of the guard
+    std::uint64_t targetSize_ = 0;
 };
 
 /// Keeps the first failure.
@@ -64,6 +63,7 @@ bool Save::findTarget() {
     if (status.error == FileError::missing)
         return true;
     targetPresent_ = true;
+    targetSize_ = information.size;
     FileStatus verdict = status;
     if (status.ok() && information.isFolder)
         verdict.error = FileError::isFolder;
@@ -74,31 +74,22 @@ bool Save::findTarget() {
     return check(verdict, target_);
 }
 
+/// What can be told of the guard without reading: spares writing what cannot be saved.
+bool Save::guardMayHold() {
+    const bool same = !request_.expected || (targetPresent_ == request_.expected->present &&
+                                                (!targetPresent_ || targetSize_ == request_.expected->size));
+    return check({same ? FileError::none : FileError::changedOutside, 0}, target_);
+}
+
+/// The guard's real look comes last, so that as little time as can be lies between it and the renaming. It
+/// reads the whole target: times can be set back, and are too coarse to tell two quick writes apart.
 bool Save::checkGuard() {
     if (!request_.expected)
         return true;
-    if (!check(fingerprintOf(files_, target_, seen_), target_))
+    Fingerprint found;
+    if (!check(fingerprintOf(files_, target_, found), target_))
         return false;
-    const bool asExpected = seen_ == *request_.expected;
-    return check({asExpected ? FileError::none : FileError::changedOutside, 0}, target_);
-}
-
-/// The target is read once more only when it may have changed since the first look: when identity, size or
-/// time differ, or when its time is so young, by the clock that stamped the new file, that a further write
-/// could bear the same one.
-bool Save::checkGuardAgain() {
-    if (!request_.expected)
-        return true;
-    FileInformation now;
-    const FileStatus status = files_.information(target_, now);
-    if (status.error == FileError::missing)
-        return !seen_.present || check({FileError::changedOutside, 0}, target_);
-    if (!check(status, target_))
-        return false;
-    const bool old = now.modifiedNanoseconds < result_.written.modifiedNanoseconds - coarsestFileTime;
-    if (old && looksUnchanged(seen_, now))
-        return true;
-    return checkGuard();
+    return check({found == *request_.expected ? FileError::none : FileError::changedOutside, 0}, target_);
 }
 
 /// Attributes first, so that the content of a private file is never open to others, not even for a moment.
@@ -135,7 +126,7 @@ SaveResult Save::run() {
     const FileStatus made = temporary.make();
     if (!check(made, temporary.concerned() ? CStringView(temporary.path()) : CStringView(target_)))
         return result_;
-    if (checkGuard() && write(temporary) && checkGuardAgain() && check(temporary.renameTo(target_), target_))
+    if (guardMayHold() && write(temporary) && checkGuard() && check(temporary.renameTo(target_), target_))
         finish(temporary);
     return result_;
 }

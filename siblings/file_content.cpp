@@ -75,12 +75,6 @@ Fingerprint makeFingerprint(const FileInformation& information, std::string_view
         contentHash(content), true};
 }
 
-bool looksUnchanged(const Fingerprint& fingerprint, const FileInformation& information) noexcept {
-    return fingerprint.present && fingerprint.device == information.device &&
-           fingerprint.inode == information.inode && fingerprint.size == information.size &&
-           fingerprint.modifiedNanoseconds == information.modifiedNanoseconds;
-}
-
 namespace {
 
 constexpr int readAttempts = 6;

@@ -29,10 +29,6 @@ struct Fingerprint {
 /// The fingerprint of a file with this information and content.
 Fingerprint makeFingerprint(const FileInformation& information, std::string_view content) noexcept;
 
-/// True when a file with this information was, as far as can be told without reading it, not written since
-/// the fingerprint was taken: same file, same size, same time.
-bool looksUnchanged(const Fingerprint& fingerprint, const FileInformation& information) noexcept;
-
 /// Reads a whole file, and takes the fingerprint of the bytes read. A folder fails with `isFolder`, another
 /// thing that is no regular file with `notRegular`, one that memory cannot hold with `tooLarge`. A file that
 /// changes while it is being read is read again a few times; `busy` when it never comes to rest. After a
