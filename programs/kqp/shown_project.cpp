@@ -1,12 +1,11 @@
 #include "programs/kqp/shown_project.h"
 
-#include "base/fold.h"
-#include "base/paths.h"
+#include "siblings/ut_file.h"
 
 namespace kqp {
 
 ryv::CString ShownProject::name() const {
-    return ryv::toUpper(ryv::paths::titleOf(path));
+    return ryv::RyvUtFile::ProjectNameOf(path);
 }
 
 } // namespace kqp

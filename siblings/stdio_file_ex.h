@@ -1,0 +1,48 @@
+// A file of text, opened, read and written as a whole record.
+#pragma once
+
+#include "siblings/open_file.h"
+
+namespace ryv {
+
+/// In binary mode the bytes are those of the text itself: UTF-16, little endian, without a mark, on every
+/// machine. In text mode they are UTF-8. Line ends stay as they are in both.
+class RyvStdioFileEx {
+public:
+    /// How a file is opened; flags are combined with "|".
+    enum Flags : unsigned {
+        modeRead = 0,       ///< an existing file, for reading
+        modeWrite = 1,      ///< for reading and writing
+        modeCreate = 2,     ///< with modeWrite: made when missing, and emptied unless modeNoTruncate is given
+        modeNoTruncate = 4, ///< with modeCreate: what is there stays
+        typeBinary = 8      ///< UTF-16 in place of UTF-8
+    };
+
+    /// `files` outlives the object.
+    explicit RyvStdioFileEx(Files& files) noexcept : file_(files) {}
+
+    /// Opens; a file that was open before is closed first.
+    FileStatus Open(CStringView path, unsigned flags);
+    bool IsOpen() const noexcept { return file_.isOpen(); }
+
+    /// Reads from the file position to the end. In binary mode an odd byte at the end is left out.
+    FileStatus ReadRecord(CString& record);
+
+    /// Writes at the file position.
+    FileStatus WriteString(CStringView text);
+
+    /// Forces what was written to the device.
+    FileStatus Flush() { return file_.sync(); }
+
+    /// Closes and reports what the system says about it.
+    FileStatus Close() { return file_.close(); }
+
+    /// The file itself, for locking it and for comparing it with a path.
+    OpenFile& file() noexcept { return file_; }
+
+private:
+    OpenFile file_;
+    bool binary_ = false;
+};
+
+} // namespace ryv
