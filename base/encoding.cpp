@@ -253,6 +253,13 @@ bool isValidUtf8(std::string_view bytes) noexcept {
     return true;
 }
 
+bool hasLoneSurrogate(CStringView text) noexcept {
+    for (std::size_t i = 0; i < text.size();)
+        if (isSurrogate(nextScalar(text, i)))
+            return true;
+    return false;
+}
+
 CString decodeUtf8(std::string_view bytes, CodecReport* report) {
     return decodeUtf8As(bytes, true, report);
 }
@@ -317,8 +324,15 @@ bool isAsciiBlock(const char16_t* units) noexcept {
     return any < 0x80;
 }
 
-/// Appends the ASCII units at the start, a block at a time and then one by one; how many those were.
+/// Appends the ASCII units at the start, a block at a time and then one by one; how many those were. Never
+/// many at once, because room is made for all that might be ASCII.
 std::size_t appendAscii(CStringView text, std::string& out) {
+    text = text.substr(0, 4096);
+    std::size_t few = 0; // short runs between other characters are the rule in many languages
+    while (few < text.size() && few < asciiBlock && text[few] < 0x80)
+        ++few;
+    if (few < asciiBlock)
+        text = text.substr(0, few);
     const std::size_t start = out.size();
     out.resize(start + text.size());
     char* const target = out.data() + start;
@@ -336,14 +350,16 @@ std::size_t appendAscii(CStringView text, std::string& out) {
 } // namespace
 
 void encodeUtf8(CStringView text, std::string& out, CodecReport* problems) {
-    for (std::size_t i = appendAscii(text, out); i < text.size();) {
+    for (std::size_t i = 0; i < text.size();) {
+        if (text[i] < 0x80) {
+            i += appendAscii(text.substr(i), out);
+            continue;
+        }
         const std::size_t at = i;
         const char32_t value = nextScalar(text, i);
         if (isSurrogate(value))
             report(problems, at);
         appendUtf8(out, value);
-        if (i + asciiBlock <= text.size() && isAsciiBlock(text.data() + i))
-            i += appendAscii(text.substr(i), out);
     }
 }
 

@@ -37,6 +37,9 @@ std::string_view mark(TextEncoding encoding) noexcept;
 /// True when the bytes are valid UTF-8 (shortest forms, no surrogates, at most U+10FFFF).
 bool isValidUtf8(std::string_view bytes) noexcept;
 
+/// True when a surrogate stands on its own: text that no encoding but UTF-16 holds exactly.
+bool hasLoneSurrogate(CStringView text) noexcept;
+
 /// UTF-8 to text. A byte that belongs to no valid sequence becomes the lone surrogate U+DC00 + byte and is
 /// reported; a surrogate that stands encoded on its own as three bytes becomes that surrogate and is reported
 /// too, unless it would form a pair with its neighbour: then its three bytes belong to no valid sequence. So

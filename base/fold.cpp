@@ -80,9 +80,13 @@ Word upperTail(CStringView text) noexcept {
     return upperWord(padded.data());
 }
 
-Word mix(Word hash, Word word) noexcept {
-    hash = (hash ^ word) * 0x9E3779B97F4A7C15u;
-    return hash ^ (hash >> 32);
+/// The first shift brings the word's high bits to where the multiplication spreads them in a way that depends
+/// on the key.
+Word mix(Word hash, Word word, Word multiplier) noexcept {
+    hash ^= word;
+    hash ^= hash >> 32;
+    hash *= multiplier;
+    return hash ^ (hash >> 29);
 }
 
 } // namespace
@@ -129,12 +133,13 @@ bool equalNoCase(CStringView a, CStringView b) noexcept {
     return i == a.size() || upperTail(a) == upperTail(b);
 }
 
-std::uint64_t hashNoCase(CStringView text) noexcept {
-    Word hash = text.size() * 0x2545F4914F6CDD1Du;
+std::uint64_t hashNoCase(CStringView text, std::uint64_t key) noexcept {
+    const Word multiplier = (key * 0xD6E8FEB86659FD93u + 0x9E3779B97F4A7C15u) | 1;
+    Word hash = (text.size() + key) * 0x2545F4914F6CDD1Du;
     std::size_t i = 0;
     for (; i + wordUnits <= text.size(); i += wordUnits)
-        hash = mix(hash, upperWord(text.data() + i));
-    return i == text.size() ? hash : mix(hash, upperTail(text));
+        hash = mix(hash, upperWord(text.data() + i), multiplier);
+    return i == text.size() ? hash : mix(hash, upperTail(text), multiplier);
 }
 
 } // namespace ryv

@@ -27,6 +27,9 @@ bool equalNoCase(CStringView a, CStringView b) noexcept;
 
 /// A hash that is equal for texts that are equal without regard to case. Not stable across versions: never
 /// stored.
-std::uint64_t hashNoCase(CStringView text) noexcept;
+///
+/// A table whose keys come from outside gives a key of its own, which nobody can know beforehand; texts that
+/// collide in every table cannot be made up then.
+std::uint64_t hashNoCase(CStringView text, std::uint64_t key = 0) noexcept;
 
 } // namespace ryv

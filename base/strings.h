@@ -28,6 +28,9 @@ public:
         return std::vector<T>::operator[](index);
     }
 
+    typename std::vector<T>::reference at(std::size_t index) { return (*this)[index]; }
+    typename std::vector<T>::const_reference at(std::size_t index) const { return (*this)[index]; }
+
 private:
     void check(std::size_t index) const {
         if (index >= this->size())

@@ -19,7 +19,8 @@ CStringView trim(CStringView text) noexcept;
 
 /// Exact equality. Block by block, which the standard comparison of UTF-16 text is not.
 inline bool sameText(CStringView a, CStringView b) noexcept {
-    return a.size() == b.size() && std::memcmp(a.data(), b.data(), a.size() * sizeof(char16_t)) == 0;
+    return a.size() == b.size() &&
+           (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(char16_t)) == 0);
 }
 
 /// Where `unit` stands in `text` first from `start` on, or the text's length.

@@ -1,5 +1,6 @@
 // Calls into the host's LISP. Each wrapper builds its value chain, calls, checks the status and copies the
-// result out; none shows a message. On any failure the output is left alone.
+// result out; none shows a message. When a call fails, or gives a value of another type, the output is left
+// alone.
 #pragma once
 
 #include "platform/host/lisp.h"
@@ -19,7 +20,8 @@ bool readLispGlobal(CStringView name, CString& value);
 
 /// Reads a LISP global variable as a number. An integer is found, whatever it is. A string is converted
 /// (leading digits, 0 when there are none) and counts as found only when that is not 0; so the string "0"
-/// reads as not found, with `value` 0, which the package's LISP code relies on.
+/// reads as not found, with `value` 0, which the package's LISP code relies on. On failure `value` is left
+/// alone.
 bool readLispGlobal(CStringView name, int& value);
 
 } // namespace ryv

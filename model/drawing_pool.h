@@ -77,6 +77,8 @@ public:
     /// Adds an empty record and returns its number.
     std::uint32_t add();
     std::size_t size() const noexcept { return records_.size(); }
+    /// False when the names might not stay below 4 Gi units with one more; a name has less than 2 Gi.
+    bool hasRoom() const noexcept { return names_.size() < 0x80000000u; }
     Record& last() noexcept { return records_.back(); }
     Record& record(std::uint32_t number) noexcept { return records_[number]; }
 

@@ -26,15 +26,22 @@ constexpr auto isMarkerLetter = [](char16_t unit) { return unit == u'S' || unit 
 
 DrawingSectionReader::DrawingSectionReader(
     RyvPrmProjectData& data, const ProjectSections& sections, ProjectReporter* reporter)
-    : data_(data), sections_(sections), reporter_(reporter),
-      pool_(std::make_shared<DrawingPool>(sections.text())) {
+    : data_(data), sections_(sections), reporter_(reporter) {
+    startPool();
+}
+
+void DrawingSectionReader::startPool() {
     constexpr std::size_t usualBlock = 8; // lines of a drawing with a few descriptions
-    pool_->reserve(sections.drawingLineCount() / 2, sections.drawingLineCount() / usualBlock);
+    const std::size_t lines = pools_.empty() ? sections_.drawingLineCount() : 0;
+    pool_ = pools_.emplace_back(std::make_shared<DrawingPool>(sections_.text()));
+    pool_->reserve(lines / 2, lines / usualBlock);
 }
 
 void DrawingSectionReader::begin() {
     if (pending_)
         return;
+    if (!pool_->hasRoom())
+        startPool();
     number_ = pool_->add();
     pending_ = true;
     placed_ = nullptr;
@@ -104,6 +111,10 @@ RyvPrmSubfolder* DrawingSectionReader::subfolderOf(CStringView marker) {
     // "=".
     const CStringView trace =
         trimLeft(withoutLeading(withoutLeading(withoutLeading(marker, isSign), isMarkerLetter), isSign));
+    const CStringView inner = trace.substr(trace.starts_with(u'/') ? 1 : 0);
+    if (reporter_ && !inner.empty() &&
+        (inner.front() == u'/' || inner.back() == u'/' || inner.find(u"//") != CStringView::npos))
+        report(ProjectFinding::emptyTraceComponent, marker);
     RyvPrmSubfolder* subfolder = nullptr;
     data_.getSubfolderByTrace(trace, subfolder, true, false);
     return subfolder;
@@ -127,6 +138,8 @@ void DrawingSectionReader::pathLine(std::size_t line, CStringView path) {
     begin();
     if (reporter_)
         checkPath(path);
+    if (placed_)
+        placed_->aboutToBeNamed(path);
     pool_->setFileName(path);
     if (!placed_)
         data_.addFile(std::unique_ptr<RyvPrmItem>(new RyvPrmFileDetails(pool_, number_)));
@@ -140,19 +153,29 @@ void DrawingSectionReader::finish() {
         placed_->parent()->take(*placed_);
 }
 
+std::size_t DrawingSectionReader::count() const noexcept {
+    std::size_t records = 0;
+    for (const auto& pool : pools_)
+        records += pool->size();
+    return records - (pending_ ? 1 : 0);
+}
+
 CStringArray DrawingSectionReader::names() const {
     CStringArray names;
     names.reserve(count());
-    for (std::uint32_t number = 0; number < count(); ++number)
-        names.emplace_back(pool_->fileName(number));
+    for (const auto& pool : pools_)
+        for (std::uint32_t number = 0; number < pool->size() && names.size() < count(); ++number)
+            names.emplace_back(pool->fileName(number));
     return names;
 }
 
 void DrawingSectionReader::assignFileIds(const CArray<std::int32_t>& ids) {
     if (ids.size() != count())
         return;
-    for (std::uint32_t number = 0; number < count(); ++number)
-        pool_->record(number).fileId = ids[number];
+    auto id = ids.begin();
+    for (const auto& pool : pools_)
+        for (std::uint32_t number = 0; number < pool->size() && id != ids.end(); ++number)
+            pool->record(number).fileId = *id++;
 }
 
 void DrawingSectionReader::checkPath(CStringView path) {

@@ -7,6 +7,7 @@
 
 #include <memory>
 #include <unordered_set>
+#include <vector>
 
 namespace ryv {
 
@@ -34,7 +35,8 @@ public:
 
 private:
     /// Records with a path line: only the last one may lack it.
-    std::size_t count() const noexcept { return pool_->size() - (pending_ ? 1 : 0); }
+    std::size_t count() const noexcept;
+    void startPool();
     void begin();
     void descriptionLine(CStringView text, CStringView value);
     void markerLine(CStringView text);
@@ -47,6 +49,7 @@ private:
     RyvPrmProjectData& data_;
     const ProjectSections& sections_;
     ProjectReporter* reporter_;
+    std::vector<std::shared_ptr<DrawingPool>> pools_; // all, the one being filled last; nearly always one
     std::shared_ptr<DrawingPool> pool_;
     std::size_t line_ = 0;
     bool pending_ = false;                // the pool's last record waits for its path line

@@ -36,6 +36,10 @@ RyvCfgDrawingSettings& RyvCfgDrawingSettings::operator=(const RyvCfgDrawingSetti
 }
 
 void RyvCfgDrawingSettings::reInitializeData() {
+    initializeData();
+}
+
+void RyvCfgDrawingSettings::initializeData() {
     values_.fill(std::nullopt);
 }
 

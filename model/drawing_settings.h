@@ -31,6 +31,7 @@ public:
 
     /// Exchanges all values.
     void swap(RyvCfgDrawingSettings& other) noexcept { values_.swap(other.values_); }
+    friend void swap(RyvCfgDrawingSettings& a, RyvCfgDrawingSettings& b) noexcept { a.swap(b); }
 
     /// Makes every value absent.
     void reInitializeData();
@@ -67,6 +68,9 @@ public:
     /// True for the settings that describe one drawing: 13, 46, 51, 52 and 53.
     static bool isDrawingSpecific(int index) noexcept;
 
+    /// False for the sheet number (13) and the sheet drawing name (46), which never stand in a project file.
+    static bool isKeptInProjects(int index) noexcept { return index != 13 && index != 46; }
+
     /// Same values present, and equal when case is ignored.
     bool operator==(const RyvCfgDrawingSettings& other) const;
 
@@ -97,6 +101,7 @@ protected:
     static bool mergeWireLays(CStringView first, CString& second);
 
     void freeAndSetOnePtrNULL(int index);
+    void initializeData();
 
 private:
     void set(int index, CStringView value);

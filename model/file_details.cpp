@@ -33,8 +33,10 @@ RyvPrmFileDetails::~RyvPrmFileDetails() = default;
 RyvPrmFileDetails::RyvPrmFileDetails(const RyvPrmFileDetails& other) = default;
 
 RyvPrmFileDetails& RyvPrmFileDetails::operator=(const RyvPrmFileDetails& other) {
-    if (parent() && parent()->index_ && getFileName() != other.getFileName())
-        parent()->index_->aboutToRename(*this, other.getFileName());
+    if (this == &other)
+        return *this;
+    if (getFileName() != other.getFileName())
+        aboutToBeNamed(other.getFileName());
     pool_ = other.pool_;
     number_ = other.number_;
     return *this;
@@ -71,13 +73,17 @@ void RyvPrmFileDetails::store(const Fields& fields) {
     pool_ = std::move(pool);
 }
 
+void RyvPrmFileDetails::aboutToBeNamed(CStringView fileName) {
+    if (parent() && parent()->index_)
+        parent()->index_->aboutToRename(*this, fileName);
+}
+
 void RyvPrmFileDetails::setFileName(CStringView fileName) {
     if (fileName == getFileName())
         return;
     Fields changed = fields();
     changed.fileName = fileName;
-    if (parent() && parent()->index_)
-        parent()->index_->aboutToRename(*this, changed.fileName);
+    aboutToBeNamed(changed.fileName);
     store(changed);
 }
 

@@ -62,6 +62,8 @@ private:
 
     /// A record of a pool that is still being filled.
     RyvPrmFileDetails(std::shared_ptr<DrawingPool> pool, std::uint32_t number);
+    /// Told before the pool gives this record, which is in a tree already, its name.
+    void aboutToBeNamed(CStringView fileName);
     Fields fields() const;
     void store(const Fields& fields);
 

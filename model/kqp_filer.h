@@ -32,8 +32,10 @@ public:
     bool initCfgDrawingSettings(RyvPrmProjectData& data);
     bool initProjDescriptionLines(RyvPrmProjectData& data);
 
-    /// Writes the whole file. False with error 2 when no file is open, 4 when it is not open for writing, and
-    /// with one of the other errors when writing fails; the old file is whole then.
+    /// Writes the whole file. `data` outlives the call, but may be changed by LISP that is asked for path
+    /// variables at its beginning. False with error 2 when no file is open, 4 when it is not open for
+    /// writing, and with one of the other errors when writing fails; the old file or the new one is whole
+    /// then.
     bool writeProject(const RyvPrmProjectData& data);
 
     /// Like writeProject, but the first four miscellaneous settings pass through replaceGblVars().
@@ -61,8 +63,7 @@ public:
 
 private:
     bool write(const RyvPrmProjectData& data, bool replaceVariables);
-    void writeMiscSettings(
-        const RyvPmMiscProjSettings& misc, bool replaceVariables, ProjectLineWriter& lines);
+    CStringArray miscSettingLines(RyvPmMiscProjSettings misc, bool replaceVariables);
     void writeOutDwgInfo(const RyvPrmItems& topLevel, ProjectLineWriter& lines);
     void writeDrawing(const RyvPrmFileDetails& drawing, CStringView trace, ProjectLineWriter& lines);
     CStringView pathFor(CStringView fileName, CString& room) const;

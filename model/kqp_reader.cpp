@@ -30,7 +30,7 @@ bool RyvPrmKQPFiler::readProject(RyvPrmProjectData& data) {
     data.removeAllFiles();
     initFileDetails(data);
     RyvPmMiscProjSettings misc;
-    sections().initMiscProjSettings(misc);
+    initMiscProjSettings(misc);
     initProjDescriptionLines(data);
     data.setMiscProjSettings(misc);
     return initCfgDrawingSettings(data);
@@ -65,10 +65,13 @@ bool RyvPrmKQPFiler::initCfgDrawingSettings(RyvPrmProjectData& data) {
         const CString kept(keepsLeadingBlanks(index) ? CStringView(value) : trimLeft(value));
         if (reporter() && kept.size() != value.size())
             reporter()->found(sections().settingLine(index), ProjectFinding::blanksDropped, value);
+        if (reporter() && !RyvCfgDrawingSettings::isKeptInProjects(index))
+            reporter()->found(sections().settingLine(index), ProjectFinding::settingOfDrawing, value);
         written.setValue(index, &kept);
     }
     RyvCfgDrawingSettings settings;
-    settings.fillWithDefaults(data.getMiscProjSettings());
+    settings.fillWithDefaults(
+        RyvPmMiscProjSettings(data.getMiscProjSettings())); // LISP may change the project
     // Assignment merges: a setting that the file lacks keeps its default.
     settings = written;
     data.setProjDefKQMVals(settings);

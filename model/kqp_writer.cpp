@@ -28,11 +28,6 @@ constexpr std::array<PathVariable, 4> pathVariables{
         {u"%DS_DIR%", u"GBL_KQ_DOCSETBASE"}, {u"%PF_DIR%", u"GBL_KQ_BASEINSTALL"}}};
 constexpr int lastWithVariables = 4;
 
-/// Sheet number and sheet drawing name belong to a drawing and never stand in a project file.
-bool isWritten(int setting) {
-    return setting != 13 && setting != 46;
-}
-
 /// True when a path line would be read as another kind of line, or lose its first character.
 bool needsQuote(CStringView path) {
     if (path.empty() || path[0] == u'=' || path[0] == u'"' || isSpace(path[0]))
@@ -44,7 +39,7 @@ bool needsQuote(CStringView path) {
 /// empty when it takes more than a look.
 CStringView tailBelow(CStringView folder, CStringView fileName) noexcept {
     const std::size_t start = folder.size() + 1;
-    const bool below = fileName.size() > start && fileName[folder.size()] == u'\\' &&
+    const bool below = !folder.empty() && fileName.size() > start && fileName[folder.size()] == u'\\' &&
                        fileName[start] != u'\\' && sameText(fileName.substr(0, folder.size()), folder);
     return below ? fileName.substr(start) : CStringView();
 }
@@ -71,30 +66,35 @@ bool RyvPrmKQPFiler::write(const RyvPrmProjectData& data, bool replaceVariables)
         setLastError(isOpen() ? notOpenForWriting : notOpen);
         return false;
     }
+    // LISP may change or read the project again while it answers, so what needs it comes first and from a
+    // copy.
+    const CStringArray miscLines = miscSettingLines(data.getMiscProjSettings(), replaceVariables);
     ProjectLineWriter lines(reporter());
     lines.reserve(lastKnownSize() + lastKnownSize() / 16);
     const CStringList& descriptions = data.getProjDescriptions();
     for (std::size_t i = 0; i < descriptions.size(); ++i)
         if (!descriptions[i].empty())
             lines.write(format(u"*[%d]%s", {i + 1, descriptions[i]}));
-    writeMiscSettings(data.getMiscProjSettings(), replaceVariables, lines);
+    for (const CString& line : miscLines)
+        lines.write(line);
     for (int index = 0; index <= RyvCfgDrawingSettings::getMaxBracketIndex(); ++index)
-        if (const CString* const value = data.getProjDefKQMVals().find(index); value && isWritten(index))
+        if (const CString* const value = data.getProjDefKQMVals().find(index);
+            value && RyvCfgDrawingSettings::isKeptInProjects(index))
             lines.write(format(u"?[%d]%s", {index, *value}));
     writeOutDwgInfo(data.getProjFileDetails(), lines);
     return commit(lines.finish());
 }
 
-void RyvPrmKQPFiler::writeMiscSettings(
-    const RyvPmMiscProjSettings& misc, bool replaceVariables, ProjectLineWriter& lines) {
+CStringArray RyvPrmKQPFiler::miscSettingLines(RyvPmMiscProjSettings misc, bool replaceVariables) {
+    CStringArray lines;
     for (const auto& [index, value] : misc.values()) {
-        CString line = format(u"+[%d]%s", {index, value});
+        CString& line = lines.emplace_back(format(u"+[%d]%s", {index, value}));
         if (index <= lastWithVariables && replaceVariables)
             replaceGblVars(line);
         else if (index <= lastWithVariables)
             SwapFullPathWithVariable(line, false);
-        lines.write(line);
     }
+    return lines;
 }
 
 /// Walks without recursion: how deep subfolders are nested comes from outside.

@@ -20,7 +20,8 @@ class ProjectIndex;
 /// a subfolder by the names on the way from the top level, joined by "/"; empty components are skipped.
 ///
 /// The project owns every item. Where an operation unlinks an item without destroying it, the item stays
-/// alive until the project is destroyed.
+/// alive as long as the tree it was in: until the project is destroyed that has this tree, which swap()
+/// hands over.
 class RyvPrmProjectData {
 public:
     RyvPrmProjectData();

@@ -5,6 +5,7 @@
 #include "model/tree_walk.h"
 
 #include <algorithm>
+#include <chrono>
 
 namespace ryv {
 
@@ -14,8 +15,8 @@ constexpr std::uint64_t rootHash = 0x52A1E7F3C0B94D86u;
 
 /// Hash of a subfolder from its parent's hash and its name; never 0, which marks a subfolder that no trace
 /// reaches.
-std::uint64_t step(std::uint64_t parent, CStringView name) noexcept {
-    const std::uint64_t mixed = (parent * 0x9E3779B97F4A7C15u) ^ hashNoCase(name);
+std::uint64_t step(std::uint64_t parent, CStringView name, std::uint64_t key) noexcept {
+    const std::uint64_t mixed = (parent * 0x9E3779B97F4A7C15u) ^ hashNoCase(name, key);
     return (mixed ^ (mixed >> 29)) | (std::uint64_t{1} << 63);
 }
 
@@ -34,6 +35,11 @@ RyvPrmSubfolder* searchChild(const RyvPrmSubfolder& parent, CStringView name) {
 }
 
 } // namespace
+
+ProjectIndex::ProjectIndex(const RyvPrmSubfolder& root)
+    : root_(root),
+      key_(static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count()) ^
+           (static_cast<std::uint64_t>(reinterpret_cast<std::uintptr_t>(this)) << 20)) {}
 
 ProjectIndex::Drawings& ProjectIndex::drawings() {
     if (!drawings_)
@@ -57,7 +63,7 @@ void ProjectIndex::buildDrawings() {
         if (Drawings::Slot* const first = drawingSlot(drawing->getFileName()))
             first->markDuplicate();
         else
-            drawings_->insert(hashNoCase(drawing->getFileName()), *drawing);
+            drawings_->insert(hashNoCase(drawing->getFileName(), key_), *drawing);
     }
 }
 
@@ -87,20 +93,20 @@ bool ProjectIndex::enterSubfolder(RyvPrmSubfolder& subfolder) {
     subfolder.traceHash_ = 0;
     if (hashOf(parent) == 0 || subfolder.getName().empty() || childSlot(parent, subfolder.getName()))
         return false;
-    subfolder.traceHash_ = step(hashOf(parent), subfolder.getName());
+    subfolder.traceHash_ = step(hashOf(parent), subfolder.getName(), key_);
     subfolders_->insert(subfolder.traceHash_, subfolder);
     return true;
 }
 
 ProjectIndex::Drawings::Slot* ProjectIndex::drawingSlot(CStringView name) {
-    return drawings_->find(hashNoCase(name),
+    return drawings_->find(hashNoCase(name, key_),
         [name](const RyvPrmFileDetails& drawing) { return equalNoCase(drawing.getFileName(), name); });
 }
 
 ProjectIndex::Subfolders::Slot* ProjectIndex::childSlot(const RyvPrmSubfolder& parent, CStringView name) {
     if (hashOf(parent) == 0)
         return nullptr;
-    return subfolders_->find(step(hashOf(parent), name), [&](const RyvPrmSubfolder& subfolder) {
+    return subfolders_->find(step(hashOf(parent), name, key_), [&](const RyvPrmSubfolder& subfolder) {
         return subfolder.parent() == &parent && equalNoCase(subfolder.getName(), name);
     });
 }
@@ -137,7 +143,7 @@ RyvPrmSubfolder* ProjectIndex::findSubfolder(const RyvPrmSubfolder& start, CStri
     std::uint64_t hash = hashOf(start);
     std::size_t count = 0;
     for (CStringView name = components.next(); !name.empty(); name = components.next(), ++count)
-        hash = step(hash, name);
+        hash = step(hash, name, key_);
     if (count == 0)
         return nullptr;
     const Subfolders::Slot* const slot = subfolders_->find(
@@ -174,7 +180,7 @@ void ProjectIndex::addedDrawing(RyvPrmFileDetails& drawing, bool lastOfAll) {
         return;
     Drawings::Slot* const first = drawingSlot(drawing.getFileName());
     if (!first)
-        drawings_->insert(hashNoCase(drawing.getFileName()), drawing);
+        drawings_->insert(hashNoCase(drawing.getFileName(), key_), drawing);
     else if (lastOfAll)
         first->markDuplicate();
     else
@@ -234,7 +240,7 @@ void ProjectIndex::removeSubfolder(const RyvPrmSubfolder& subfolder) {
 }
 
 void ProjectIndex::aboutToRename(RyvPrmFileDetails& drawing, CStringView newName) {
-    if (!drawings_)
+    if (!drawings_ || equalNoCase(drawing.getFileName(), newName))
         return;
     Drawings::Slot* const slot = drawingSlot(drawing.getFileName());
     if (!slot || slot->item != &drawing || slot->hasDuplicate() || drawingSlot(newName)) {
@@ -242,7 +248,7 @@ void ProjectIndex::aboutToRename(RyvPrmFileDetails& drawing, CStringView newName
         return;
     }
     drawings_->erase(slot);
-    drawings_->insert(hashNoCase(newName), drawing);
+    drawings_->insert(hashNoCase(newName, key_), drawing);
 }
 
 void ProjectIndex::drop() {

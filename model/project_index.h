@@ -19,7 +19,7 @@ class RyvPrmSubfolder;
 class ProjectIndex {
 public:
     /// `root` is the project's tree and outlives the index.
-    explicit ProjectIndex(const RyvPrmSubfolder& root) : root_(root) {}
+    explicit ProjectIndex(const RyvPrmSubfolder& root);
 
     /// The first drawing of that file name, depth first, or null.
     RyvPrmFileDetails* findDrawing(CStringView name);
@@ -59,6 +59,7 @@ private:
         const RyvPrmSubfolder& found, const RyvPrmSubfolder& start, CStringView trace) const noexcept;
 
     const RyvPrmSubfolder& root_;
+    const std::uint64_t key_; // of the hashes; different in every index
     std::optional<Drawings> drawings_;
     std::optional<Subfolders> subfolders_;
 };

@@ -107,6 +107,8 @@ void RyvPrmSubfolder::clear() {
 }
 
 void RyvPrmSubfolder::park(std::unique_ptr<RyvPrmItem> item) {
+    if (!item)
+        return;
     item->parent_ = this;
     item->parked_ = true;
     parked_.push_back(std::move(item));

@@ -11,6 +11,7 @@ struct SettingText {
     CStringView text;
 };
 
+// The texts are the package's own, as users know them, spelling included.
 // clang-format off
 constexpr std::array<SettingText, 51> settingTexts{{
     {u"CFG037", u"Ladder default: H=horizontal, V=vertical"},

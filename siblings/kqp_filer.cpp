@@ -5,6 +5,7 @@
 #include "siblings/atomic_file.h"
 #include "siblings/open_file.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace ryv {
@@ -75,6 +76,9 @@ bool RyvPmUtilsKQPFiler::openProject(CStringView path, bool forWriting) {
     closeProject();
     clearLastError();
     pointTo(path);
+    unread_ = FileStatus{};
+    if (store_ && !store_->hasUnsavedChanges())
+        store_.reset(); // another process may have written it
     if (forWriting ? !examineForWriting() : !examineForReading())
         return false;
     open_ = true;
@@ -126,12 +130,12 @@ bool RyvPmUtilsKQPFiler::readProject() {
     clearLastError();
     ByteBuffer content;
     Fingerprint fingerprint;
-    const FileStatus status = readWholeFile(files_, path_, content, fingerprint);
-    if (!status.ok())
-        return fail(cannotRead, status, path_);
-    if (!sections_.load(std::move(content), reporter_)) {
+    unread_ = readWholeFile(files_, path_, content, fingerprint);
+    if (unread_.ok() && !sections_.load(std::move(content), reporter_))
+        unread_.error = FileError::tooLarge;
+    if (!unread_.ok()) {
         sections_.clear();
-        return fail(cannotRead, {FileError::tooLarge, 0}, path_);
+        return fail(cannotRead, unread_, path_);
     }
     known_ = fingerprint;
     encoding_ = sections_.encoding();
@@ -139,6 +143,8 @@ bool RyvPmUtilsKQPFiler::readProject() {
 }
 
 bool RyvPmUtilsKQPFiler::commit(std::string utf8) {
+    if (!unread_.ok() && unread_.error != FileError::missing)
+        return fail(cannotWrite, unread_, path_); // what could not be read is not written over
     TextEncoding encoding = encoding_;
     const std::string bytes = encodeAs(std::move(utf8), encoding);
     const SaveResult result = saveAtomically(files_, {path_, bytes, known_});
@@ -146,13 +152,11 @@ bool RyvPmUtilsKQPFiler::commit(std::string utf8) {
         known_ = result.written;
         encoding_ = encoding;
     }
+    const FileStatus stored = store_ && result.replaced ? store_->save() : FileStatus{};
     if (!result.ok())
         return fail(result.status.error == FileError::changedOutside ? changedOutside : cannotWrite,
             result.status, result.file);
     clearLastError();
-    if (!store_)
-        return true;
-    const FileStatus stored = store_->save();
     if (!stored.ok())
         setLastError(cannotWriteStore, stored, RyvPmUtilsRypxFiler::storePathFor(path_));
     return true;
@@ -175,39 +179,57 @@ RyvPmUtilsRypxFiler& RyvPmUtilsKQPFiler::store() {
     return *store_;
 }
 
+bool RyvPmUtilsKQPFiler::hasProject() {
+    return !path_.empty() || fail(notOpen, {}, {});
+}
+
 bool RyvPmUtilsKQPFiler::AddFile(CStringView path) {
-    return store().add(path) != 0;
+    return hasProject() && store().add(path) != 0;
 }
 
 bool RyvPmUtilsKQPFiler::RemoveFile(CStringView path) {
+    if (!hasProject())
+        return false;
     store().remove(path);
     return true;
 }
 
 bool RyvPmUtilsKQPFiler::RemoveFiles(const CStringArray& paths) {
-    for (const CString& path : paths)
-        store().remove(path);
-    return true;
+    return std::all_of(paths.begin(), paths.end(), [this](const CString& path) { return RemoveFile(path); });
 }
 
 bool RyvPmUtilsKQPFiler::RenameFile(CStringView from, CStringView to) {
+    if (!hasProject())
+        return false;
     store().rename(from, to);
     return true;
 }
 
+bool RyvPmUtilsKQPFiler::initMiscProjSettings(RyvPmMiscProjSettings& misc) const {
+    sections_.initMiscProjSettings(misc);
+    return true;
+}
+
 std::int32_t RyvPmUtilsKQPFiler::GetFileId(CStringView path) {
-    return store().GetFileId(path);
+    return hasProject() ? store().GetFileId(path) : 0;
 }
 
 bool RyvPmUtilsKQPFiler::CleanupProjectData() {
     if (!open_)
         return fail(notOpen, {}, path_);
-    if (sections_.drawingLineCount() == 0 && !readProject())
-        return false;
+    // Read aside: what this filer has read, and expects to find when it writes, stays as it is.
+    ByteBuffer content;
+    Fingerprint fingerprint;
+    const FileStatus read = readWholeFile(files_, path_, content, fingerprint);
+    if (!read.ok())
+        return fail(cannotRead, read, path_);
+    ProjectSections now;
+    if (!now.load(std::move(content), nullptr))
+        return fail(cannotRead, {FileError::tooLarge, 0}, path_);
     CStringArray listed;
-    for (std::size_t i = 0; i < sections_.drawingLineCount(); ++i)
-        if (sections_.drawingLine(i).front() != u'=')
-            drawingPathOf(sections_.drawingLine(i), listed.emplace_back());
+    for (std::size_t i = 0; i < now.drawingLineCount(); ++i)
+        if (now.drawingLine(i).front() != u'=')
+            drawingPathOf(now.drawingLine(i), listed.emplace_back());
     store().keepOnly(listed);
     const FileStatus status = store().save();
     return status.ok() || fail(cannotWriteStore, status, RyvPmUtilsRypxFiler::storePathFor(path_));

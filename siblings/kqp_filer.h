@@ -50,6 +50,11 @@ public:
     /// Reads the open file into the raw sections; these are empty when that fails.
     bool readProject();
 
+    /// What the file held when this filer last read or wrote it: the guard of the next write. A filer that
+    /// writes what another one has read takes that over with expectContent(), after opening the file.
+    const std::optional<Fingerprint>& knownContent() const noexcept { return known_; }
+    void expectContent(const Fingerprint& content) { known_ = content; }
+
     /// The encoding that the file was read in and will be written in, UTF-8 for a new one.
     TextEncoding encoding() const noexcept { return encoding_; }
     void setEncoding(TextEncoding encoding) noexcept { encoding_ = encoding; }
@@ -60,8 +65,12 @@ public:
 
     const ProjectSections& sections() const noexcept { return sections_; }
 
-    /// Adds the drawing to, removes it from, or renames it in the companion store. Kept in memory until the
-    /// project is written.
+    /// Fills the values of the "+[n]" lines of the last read in. True.
+    bool initMiscProjSettings(RyvPmMiscProjSettings& misc) const;
+
+    /// Adds the drawing to, removes it from, or renames it in the companion store of the project that is or
+    /// was last open; false with error 2 when there was none. Kept in memory, also while the file is closed,
+    /// until the project is written.
     bool AddFile(CStringView path);
     bool RemoveFile(CStringView path);
     bool RemoveFiles(const CStringArray& paths);
@@ -105,6 +114,7 @@ protected:
     void clearLastError() { setLastError(noError); }
 
 private:
+    bool hasProject();
     bool examineForReading();
     bool examineForWriting();
     bool fail(ErrorCode error, FileStatus status, CStringView file);
@@ -122,6 +132,7 @@ private:
     ProjectSections sections_;
     TextEncoding encoding_ = TextEncoding::utf8;
     std::optional<Fingerprint> known_; // content of path_ as this filer last saw it
+    FileStatus unread_;                // why the last read of the open file failed
     std::unique_ptr<RyvPmUtilsRypxFiler> store_;
 };
 

@@ -25,8 +25,10 @@ enum class ProjectFinding {
     pathNotJoined,    ///< a relative path too long to be joined to the project's folder stays relative
     emptyPath,        ///< a path line without a path
     duplicateDrawing, ///< a path that stood before, case ignored
-    sectionOrder,   ///< a line that belongs further up: it is read, and moves there when the file is written
-    lineBreakInText ///< writing only: a line break inside a text becomes a blank
+    sectionOrder,    ///< a line that belongs further up: it is read, and moves there when the file is written
+    lineBreakInText, ///< a line break inside a text: it becomes a blank when the file is written
+    settingOfDrawing,   ///< a setting that belongs to single drawings: it is read and not written again
+    emptyTraceComponent ///< a subfolder marker with an empty name between others, which is skipped
 };
 
 class ProjectReporter {

@@ -35,17 +35,14 @@ std::optional<Index> readIndex(CStringView line) {
 bool holdsUndecodable(CStringView text, TextEncoding encoding) {
     if (encoding == TextEncoding::windows1252)
         return text.find_first_of(u"\u0081\u008D\u008F\u0090\u009D") != CStringView::npos;
-    std::string ignored;
-    CodecReport problems;
-    encodeUtf8(text, ignored, &problems);
-    return problems.problems > 0;
+    return hasLoneSurrogate(text);
 }
 
 } // namespace
 
 bool ProjectSections::load(ByteBuffer bytes, ProjectReporter* reporter) {
     clear();
-    constexpr std::size_t limit = std::numeric_limits<std::uint32_t>::max();
+    constexpr std::size_t limit = std::numeric_limits<std::int32_t>::max();
     if (bytes.size() >= limit)
         return false;
     text_ = std::make_shared<const CString>(decodeDetecting(bytes.view(), encoding_));
@@ -112,30 +109,31 @@ void ProjectSections::sortLine(TextSlice line, ProjectReporter* reporter) {
                                     : Section::drawings;
     if (reporter)
         checkText(line, *reporter);
-    if (reporter && section < furthest_)
-        reporter->found(lineAt(line.start), ProjectFinding::sectionOrder, text);
-    furthest_ = std::max(furthest_, section);
+    const bool accepted = section == Section::drawings || sortIndexed(section, line, reporter);
     if (section == Section::drawings)
         drawingLines_.push_back(line);
-    else
-        sortIndexed(section, line, reporter);
+    if (reporter && accepted && section < furthest_)
+        reporter->found(lineAt(line.start), ProjectFinding::sectionOrder, text);
+    furthest_ = std::max(furthest_, section);
 }
 
-void ProjectSections::sortIndexed(Section section, TextSlice line, ProjectReporter* reporter) {
+/// Keeps the text of an indexed line; false when the line is dropped.
+bool ProjectSections::sortIndexed(Section section, TextSlice line, ProjectReporter* reporter) {
     const auto report = [&](ProjectFinding finding) {
         if (reporter)
             reporter->found(lineAt(line.start), finding, view(line));
     };
     const auto index = readIndex(view(line));
-    if (!index)
-        return report(ProjectFinding::malformedIndex);
-    TextSlice* const slot = slotFor(section, index->number);
-    if (!slot)
-        return report(ProjectFinding::indexOutOfRange);
+    TextSlice* const slot = index ? slotFor(section, index->number) : nullptr;
+    if (!slot) {
+        report(index ? ProjectFinding::indexOutOfRange : ProjectFinding::malformedIndex);
+        return false;
+    }
     if (slot->start != 0)
         report(ProjectFinding::repeatedIndex);
     const auto textStart = static_cast<std::uint32_t>(index->textStart);
     *slot = {line.start + textStart, line.length - textStart};
+    return true;
 }
 
 /// Where the text of an indexed line is kept; null when the number is out of range. A kept text never starts
@@ -163,6 +161,8 @@ void ProjectSections::checkText(TextSlice line, ProjectReporter& reporter) const
         reporter.found(lineAt(line.start), ProjectFinding::undecodableBytes, text);
     if (text.find(u'\0') != CStringView::npos)
         reporter.found(lineAt(line.start), ProjectFinding::nulCharacter, text);
+    if (text.find(u'\r') != CStringView::npos)
+        reporter.found(lineAt(line.start), ProjectFinding::lineBreakInText, text);
 }
 
 CStringList ProjectSections::descriptionLines() const {

@@ -15,11 +15,11 @@ namespace ryv {
 
 class RyvPmMiscProjSettings;
 
-/// Keeps the bytes and decodes a field only when it is asked for. Lines end with LF or CR LF; lines that are
-/// empty or all blanks are no lines.
+/// Decodes the bytes once, as a whole; the lines are slices of that text, which whoever reads may share.
+/// Lines end with LF or CR LF; lines that are empty or all blanks are no lines.
 class ProjectSections {
 public:
-    /// Takes the bytes of a file over and sorts its lines. Content of 4 GiB and more is refused with false.
+    /// Takes the bytes of a file over and sorts its lines. Content of 2 GiB and more is refused with false.
     bool load(ByteBuffer bytes, ProjectReporter* reporter);
 
     /// Forgets everything but the encoding.
@@ -68,7 +68,7 @@ private:
     template <class FindLineFeed>
     void sortLines(ProjectReporter* reporter, const FindLineFeed& findLineFeed);
     void sortLine(TextSlice line, ProjectReporter* reporter);
-    void sortIndexed(Section section, TextSlice line, ProjectReporter* reporter);
+    bool sortIndexed(Section section, TextSlice line, ProjectReporter* reporter);
     TextSlice* slotFor(Section section, long long index);
     void checkText(TextSlice line, ProjectReporter& reporter) const;
     CStringView view(TextSlice slice) const noexcept { return slice.of(*text_); }

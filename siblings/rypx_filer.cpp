@@ -295,6 +295,10 @@ void RyvPmUtilsRypxFiler::keepOnly(const CStringArray& paths) {
         store().unsaved.pop_back();
 }
 
+bool RyvPmUtilsRypxFiler::hasUnsavedChanges() const noexcept {
+    return store_ && !store_->unsaved.empty();
+}
+
 FileStatus RyvPmUtilsRypxFiler::save() {
     constexpr int attempts = 20;
     const CString path = storePathFor(project_);

@@ -50,8 +50,11 @@ public:
     /// Forgets every drawing that is not in `paths`.
     void keepOnly(const CStringArray& paths);
 
+    bool hasUnsavedChanges() const noexcept;
+
     /// Writes the store when something changed. What another process wrote meanwhile is not lost: the change
-    /// is made again on top of it.
+    /// is made again on top of it. A drawing
+    /// that both added may have another identifier after that than add() returned.
     FileStatus save();
 
 private:

@@ -76,8 +76,23 @@ FileStatus TemporaryFile::tryToMake(milliseconds wait, bool& again) {
     status = removeUnlocked(files_, path_, wait, leftover);
     if (leftover == Leftover::untold)
         std::this_thread::sleep_for(exclusivePause);
+    if (leftover == Leftover::gone)
+        removeDanglingLink();
     again = status.ok() && leftover != Leftover::inUse;
     return leftover == Leftover::inUse ? FileStatus{FileError::busy, 0} : status;
+}
+
+/// A name that is taken and leads nowhere is a symbolic link whose target is missing. It is removed only when
+/// that was seen several times running, because a file that comes and goes looks the same for a moment.
+void TemporaryFile::removeDanglingLink() {
+    constexpr int certain = 4;
+    FileInformation information;
+    const bool missing = files_.information(path_, information).error == FileError::missing;
+    leadsNowhere_ = missing ? leadsNowhere_ + 1 : 0;
+    if (leadsNowhere_ < certain)
+        return;
+    static_cast<void>(files_.remove(path_));
+    leadsNowhere_ = 0;
 }
 
 FileStatus TemporaryFile::make() {

@@ -40,6 +40,7 @@ public:
     bool concerned() const noexcept { return concerned_; }
 
 private:
+    void removeDanglingLink();
     FileStatus tryToMake(std::chrono::milliseconds wait, bool& again);
     FileStatus own(std::chrono::milliseconds wait);
     void discard();
@@ -49,6 +50,7 @@ private:
     OpenFile file_;
     bool owned_ = false;     // it stands at path_, and nobody else may remove or rename it
     bool concerned_ = false; // a file stands, or stood, at path_
+    int leadsNowhere_ = 0;   // how often running the name was taken and led to no file
 };
 
 } // namespace ryv

@@ -22,70 +22,62 @@ constexpr std::array<Option, 2> showOptions = {{
         "Print one JSON object for other programs, in UTF-8, instead of text for people."},
     {"color", '\0', "WHEN", WordKind::fixedChoice, colorChoices,
         "Use colours `always`, `never`, or with `auto`, which is the default, on a terminal unless the "
-        "environment "
-        "variable NO_COLOR is set."},
+        "environment variable NO_COLOR is set."},
 }};
 
-constexpr std::array<Text, 3> showText = {
+constexpr std::array<Text, 4> showText = {
     "Prints what is in a project file: its descriptions, its settings, and the tree of its drawings in "
-    "the order of the file. Of the default drawing settings those are named that differ from the built-in "
-    "ones. "
-    "Control characters are shown escaped; below 64 levels the tree is continued as a list with the level in "
-    "brackets.",
+    "the order of the file. Of the default drawing settings those are named that differ from the "
+    "built-in ones. Control characters are shown escaped; below 64 levels the tree is continued as a "
+    "list with the level in brackets.",
     "With `--json`, \"project\" is the full path of the project with \"\\\" between its components, "
-    "\"settings\" has "
-    "all 77 default drawing settings by name, with null for an absent one, and \"misc\" has the "
-    "miscellaneous "
-    "settings that are present. An \"id\" of 0 means that the drawing has no identifier in the project's "
-    "companion "
-    "store. Half a surrogate pair, which may stand for a byte that was no text, is written as an escape.",
+    "\"settings\" has all 77 default drawing settings by name, with null for an absent one, and \"misc\" "
+    "has the miscellaneous settings that are present. An \"id\" of 0 means that the drawing has no "
+    "identifier in the project's companion store. Half a surrogate pair, which may stand for a byte that "
+    "was no text, is written as an escape.",
+    "Every object has all of its keys. \"project\", \"name\" (the title in upper case) and \"encoding\" "
+    "(`utf-8`, `utf-8-bom`, `utf-16le`, `utf-16be` or `windows-1252`) are texts, \"descriptions\" is a "
+    "list of texts. \"items\" is the tree in its order: a drawing is {\"type\": \"drawing\", \"file\", "
+    "\"id\", \"description1\", \"description2\", \"descriptions\", \"reference\"}, with the full path as "
+    "its file, a number as its id and a list of texts as its descriptions; a subfolder is {\"type\": "
+    "\"subfolder\", \"name\", \"items\"}.",
     "Nothing is written to any file.",
 };
 
 constexpr std::array<Option, 2> rewriteOptions = {{
     {"output", 'o', "OUT", WordKind::projectFile, {},
-        "Write to OUT and leave FILE as it is. An OUT that exists is replaced. The paths of the drawings are "
-        "written "
-        "relative to the folder of OUT."},
+        "Write to OUT and leave FILE as it is. An OUT that exists is replaced. The paths of the drawings "
+        "are written relative to the folder of OUT."},
     {"absolute", '\0', {}, {}, {}, "Write the full paths of the drawings, in upper case."},
 }};
 
 constexpr std::array<Text, 4> rewriteText = {
-    "Reads a project file and writes it again in its canonical form: sections in order, names of subfolders "
-    "in upper "
-    "case, paths with \"\\\" and relative to the folder of the project file where they can be. What `kqp "
-    "check` "
-    "reports as dropped is not in the file any more.",
-    "The file keeps its encoding. It is replaced in one step: after a failure, a crash or a full disk the "
-    "old file is "
-    "there, whole. A file that another program changes meanwhile is not overwritten.",
-    "With `--absolute` the paths are put in upper case. They still open on a file system where case counts, "
-    "because "
-    "a name that does not exist exactly so is looked up without regard to case, but how the names were "
-    "spelled is "
-    "lost from the file.",
-    "Default drawing settings that the file did not have are written with their default values, except SHEET "
-    "and "
-    "SHEETDWGNAME, which belong to single drawings and are never written.",
+    "Reads a project file and writes it again in its canonical form: sections in order, names of "
+    "subfolders in upper case, paths with \"\\\" and relative to the folder of the project file where "
+    "they can be. What `kqp check` reports as dropped is not in the file any more.",
+    "The file keeps its encoding. It is replaced in one step: after a failure, a crash or a full disk "
+    "the old file is there, whole. A file that another program changes meanwhile is not overwritten.",
+    "With `--absolute` the paths are put in upper case. They still open on a file system where case "
+    "counts, because a name that does not exist exactly so is looked up without regard to case, but how "
+    "the names were spelled is lost from the file.",
+    "Default drawing settings that the file did not have are written with their default values, except "
+    "SHEET and SHEETDWGNAME, which belong to single drawings and are never written. With `-o` the "
+    "identifiers that a companion store gives the drawings stay behind.",
 };
 
 constexpr std::array<Text, 2> equalText = {
-    "Compares two projects: descriptions, settings, and the tree of subfolders and drawings in its order. "
-    "Encoding, "
-    "line ends and the spelling of paths that lead to the same place do not count; the case of names and "
-    "texts does, "
-    "except in default drawing settings. Nothing is printed, and nothing is written to any file.",
-    "Drawings are compared by their full paths. Copies of one project file in different folders therefore "
-    "differ "
-    "when they name drawings relative to their folder. The identifiers that a companion store beside the "
-    "project "
-    "gives its drawings count, too.",
+    "Compares two projects: descriptions, settings, and the tree of subfolders and drawings in its "
+    "order. Encoding, line ends and the spelling of paths that lead to the same place do not count; the "
+    "case of names and texts does, except in default drawing settings. Nothing is printed, and nothing "
+    "is written to any file.",
+    "Drawings are compared by their full paths. Copies of one project file in different folders "
+    "therefore differ when they name drawings relative to their folder. The identifiers that a companion "
+    "store beside the project gives its drawings count, too. Symbolic links are not followed in them.",
 };
 
 constexpr std::array<Text, 2> checkText = {
-    "Prints what reading a project file silently drops, repairs, or takes differently from what somebody may "
-    "have "
-    "meant, as `FILE:LINE: message`, in the order of the lines.",
+    "Prints what reading a project file silently drops, repairs, or takes differently from what somebody "
+    "may have meant, as `FILE:LINE: message`, in the order of the lines.",
     "Nothing is printed when there is nothing of the kind. Nothing is written to any file.",
 };
 
@@ -108,12 +100,11 @@ constexpr std::array<Option, 2> programOptions = {{
 }};
 
 constexpr std::array<Text, 2> programText = {
-    "Looks at, compares, checks and rewrites project files (`*.kqp`) of the electrical design package, for "
-    "scripts, "
-    "continuous integration and version control.",
-    "Files are given by the names that the machine's other programs use. A project file may be UTF-8, UTF-16 "
-    "with a "
-    "byte-order mark, or Windows-1252. Words behind `--` are never taken for options.",
+    "Looks at, compares, checks and rewrites project files (`*.kqp`) of the electrical design package, "
+    "for scripts, continuous integration and version control.",
+    "Files are given by the names that the machine's other programs use; a name that does not exist is "
+    "looked for in letters of another case. A project file may be UTF-8, UTF-16 with a byte-order mark, "
+    "or Windows-1252. Words behind `--` are never taken for options.",
 };
 
 constexpr std::array<Example, 4> examples = {{

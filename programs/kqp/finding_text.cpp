@@ -38,7 +38,11 @@ std::string_view describe(ryv::ProjectFinding finding) {
     case sectionOrder:
         return "line belongs further up, it is read and moves there when the file is written";
     case lineBreakInText:
-        return "line break inside a text becomes a blank";
+        return "line break inside the text becomes a blank when the file is written";
+    case settingOfDrawing:
+        return "setting that belongs to single drawings, it is read and not written again";
+    case emptyTraceComponent:
+        return "empty name in front of, between or behind the subfolders, skipped";
     }
     return "something unexpected";
 }

@@ -26,16 +26,21 @@ ryv::CString pathFromNative(const std::string& native) {
     return ryv::platform().os.paths->fromNative(native);
 }
 
-bool readProject(
+bool readOpenProject(
     const std::string& file, ryv::RyvPrmKQPFiler& filer, ryv::RyvPrmProjectData& project, Console& console) {
     if (filer.openProject(pathFromNative(file), false))
         filer.readProject(project);
-    if (filer.getLastError() != ryv::RyvPmUtilsKQPFiler::noError) {
-        reportFailure(file, filer, console);
-        return false;
-    }
+    if (filer.getLastError() == ryv::RyvPmUtilsKQPFiler::noError)
+        return true;
+    reportFailure(file, filer, console);
+    return false;
+}
+
+bool readProject(
+    const std::string& file, ryv::RyvPrmKQPFiler& filer, ryv::RyvPrmProjectData& project, Console& console) {
+    const bool read = readOpenProject(file, filer, project, console);
     filer.closeProject();
-    return true;
+    return read;
 }
 
 void reportFailure(const std::string& file, const ryv::RyvPmUtilsKQPFiler& filer, Console& console) {

@@ -16,6 +16,10 @@ ryv::CString pathFromNative(const std::string& native);
 [[nodiscard]] bool readProject(
     const std::string& file, ryv::RyvPrmKQPFiler& filer, ryv::RyvPrmProjectData& project, Console& console);
 
+/// The same, but the file stays open: what was read of it lives as long as the filer has it open.
+[[nodiscard]] bool readOpenProject(
+    const std::string& file, ryv::RyvPrmKQPFiler& filer, ryv::RyvPrmProjectData& project, Console& console);
+
 /// Says in one line why the filer's last operation failed. `file` is the project file as the user named it;
 /// another file that the failure concerns is named too.
 void reportFailure(const std::string& file, const ryv::RyvPmUtilsKQPFiler& filer, Console& console);

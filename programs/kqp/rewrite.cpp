@@ -1,7 +1,11 @@
 #include "programs/kqp/rewrite.h"
 
+#include "base/fold.h"
+#include "base/paths.h"
 #include "bridge/platform.h"
 #include "programs/kqp/project_input.h"
+
+#include <optional>
 
 namespace kqp {
 
@@ -14,6 +18,20 @@ bool exists(const std::string& file, Console& console) {
     if (!status.ok())
         complain(console, file + ": " + ryv::describe(status.error));
     return status.ok();
+}
+
+/// The name of the file that a name leads to when only letters of another case stand on the disk, or nothing.
+/// Such a file is found by every reader, but a new file given another name must not replace it unseen.
+std::optional<std::string> otherSpelling(const std::string& file) {
+    const ryv::CString path = pathFromNative(file);
+    ryv::CString resolved;
+    if (!ryv::platform().os.files->resolve(path, resolved).ok())
+        return std::nullopt;
+    const ryv::CStringView asked = ryv::paths::findFileName(path);
+    const ryv::CStringView found = ryv::paths::findFileName(resolved);
+    if (asked == found || !ryv::equalNoCase(asked, found))
+        return std::nullopt;
+    return ryv::platform().os.paths->toNative(found);
 }
 
 int reported(const std::string& file, const ryv::RyvPmUtilsKQPFiler& filer, Console& console) {
@@ -49,6 +67,10 @@ int rewriteTo(const std::string& file, const std::string& output, bool relativeP
     ryv::RyvPrmProjectData project;
     if (!readProject(file, reader, project, console))
         return failed;
+    if (const auto other = otherSpelling(output)) {
+        complain(console, output + ": there is a file of this name in other letters, " + *other);
+        return failed;
+    }
     ryv::RyvPrmKQPFiler writer(relativePaths);
     if (!writer.openProject(pathFromNative(output), true))
         return reported(output, writer, console);

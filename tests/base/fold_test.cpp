@@ -45,11 +45,6 @@ TEST(Fold, mapping_everyUnit_followsTheRecordedPairs) {
     }
 }
 
-TEST(Fold, texts_mixedCase_areMappedUnitByUnit) {
-    EXPECT_EQ(toUpper(CStringView(u"Stra\u00DFe \u00E4\u03C3\xD800")), u"STRA\u00DFE \u00C4\u03A3\xD800");
-    EXPECT_EQ(toLower(CStringView(u"\u0130I \u00C4\u03A3\xDC00")), u"\u0130i \u00E4\u03C3\xDC00");
-}
-
 TEST(Fold, compareNoCase_recordedCases_agree) {
     for (const test::Row& row : test::readTable(RYV_TEST_DATA "/vectors/compare_ignore_case.tsv", 4)) {
         const auto& [a, b, sign] = std::tie(row.cells[0], row.cells[1], row.cells[2]);
@@ -100,22 +95,6 @@ TEST(Fold, comparisons_oneUnitDiffers_seeIt) {
                 checkAgreement(text, other);
             }
         }
-}
-
-TEST(Fold, comparisons_zerosAtTheEnd_count) {
-    for (std::size_t length = 0; length <= 9; ++length) {
-        const CString shorter(length, u'a');
-        const CString longer = shorter + u'\0';
-        checkAgreement(shorter, longer);
-        EXPECT_FALSE(equalNoCase(shorter, longer));
-    }
-}
-
-TEST(Fold, hashNoCase_similarTexts_spread) {
-    std::set<std::uint64_t> hashes;
-    for (int i = 0; i < 10000; ++i)
-        hashes.insert(hashNoCase(u"C:\\Projects\\Demo\\" + toText(i) + u".dwg") & 0xFFFFF);
-    EXPECT_GT(hashes.size(), 9800u) << "of 10,000 texts into 2^20 places";
 }
 
 } // namespace

@@ -29,11 +29,6 @@ TEST(Format, arguments_missingOrOfAnotherKind_leaveThePlaceholder) {
     EXPECT_EQ(format(u"%s", {1, u"b"}), u"%s");
 }
 
-TEST(Format, arguments_leftOver_areIgnored) {
-    EXPECT_EQ(format(u"%s", {u"a", u"b", 3}), u"a");
-    EXPECT_EQ(format(u"", {1}), u"");
-}
-
 TEST(Format, texts_withPlaceholders_areNotSearched) {
     EXPECT_EQ(format(u"%s|%s", {u"%s%d%%", u"b"}), u"%s%d%%|b");
 }

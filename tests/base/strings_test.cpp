@@ -5,12 +5,6 @@
 namespace ryv {
 namespace {
 
-TEST(CArray, index_inside_readsAndWrites) {
-    CStringArray array{u"a", u"b"};
-    array[1] = u"c";
-    EXPECT_EQ(std::as_const(array)[1], u"c");
-}
-
 TEST(CArray, index_outside_throwsInvalidArgument) {
     CArray<int> array{1, 2};
     const CArray<int> empty;

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 namespace ryv::test {
-
 namespace {
 
 class Lisp : public ::testing::Test {
@@ -36,11 +35,6 @@ TEST_F(Lisp, invokeWithoutDocument_callsNothingAndSaysSo) {
     EXPECT_EQ(number, 4711);
 }
 
-TEST_F(Lisp, noDocumentStatus_hasTheHostsNumber) {
-    EXPECT_EQ(static_cast<int>(LispStatus::noDocument), -5004);
-    EXPECT_EQ(static_cast<int>(LispStatus::success), 5100);
-}
-
 TEST_F(Lisp, stringFunctions_passTheirArgumentAndTakeTheResult) {
     lisp.answer(u"f", string(u"result"));
     EXPECT_TRUE(invokeLispForString(u"f", text));
@@ -68,14 +62,10 @@ struct WrongReply {
 };
 
 TEST_F(Lisp, resultsOfOtherTypes_leaveTheOutputAlone) {
-    const WrongReply replies[] = {
-        {"nothing", {}},
-        {"nil", HostResultBuffer().addNil()},
-        {"T", HostResultBuffer().addTruth()},
-        {"real", HostResultBuffer().addReal(2.5)},
+    const WrongReply replies[] = {{"nothing", {}}, {"nil", HostResultBuffer().addNil()},
+        {"T", HostResultBuffer().addTruth()}, {"real", HostResultBuffer().addReal(2.5)},
         {"list", HostResultBuffer().addListBegin().addString(u"x").addInteger(3).addListEnd()},
-        {"nested list", HostResultBuffer().addNestedList(string(u"x"))},
-    };
+        {"nested list", HostResultBuffer().addNestedList(string(u"x"))}};
     for (const WrongReply& each : replies) {
         lisp.answer(u"f", each.reply);
         lisp.setVariable(u"G", each.reply);
@@ -85,12 +75,6 @@ TEST_F(Lisp, resultsOfOtherTypes_leaveTheOutputAlone) {
         EXPECT_EQ(text, u"before") << each.name;
         EXPECT_EQ(number, 4711) << each.name;
     }
-}
-
-TEST_F(Lisp, integerWhereAStringIsWanted_isNotFound) {
-    lisp.setVariable(u"G", HostResultBuffer().addInteger(5));
-    EXPECT_FALSE(readLispGlobal(u"G", text));
-    EXPECT_EQ(text, u"before");
 }
 
 TEST_F(Lisp, failingCallWithAResult_leavesTheOutputAlone) {
@@ -114,18 +98,11 @@ TEST_F(Lisp, globalAsNumber_isFoundByItsKindAndValue) {
         bool found;
         int number;
     };
-    const Case cases[] = {
-        {HostResultBuffer().addInteger(0), true, 0},
-        {HostResultBuffer().addInteger(-32768), true, -32768},
-        {string(u"0"), false, 0},
-        {string(u""), false, 0},
-        {string(u"abc"), false, 0},
-        {string(u"-0"), false, 0},
-        {string(u"12"), true, 12},
-        {string(u" 12 apples"), true, 12},
-        {string(u"-3"), true, -3},
-        {string(u"70000"), true, 70000},
-    };
+    const Case cases[] = {{HostResultBuffer().addInteger(0), true, 0},
+        {HostResultBuffer().addInteger(-32768), true, -32768}, {string(u"0"), false, 0},
+        {string(u""), false, 0}, {string(u"abc"), false, 0}, {string(u"-0"), false, 0},
+        {string(u"12"), true, 12}, {string(u" 12 apples"), true, 12}, {string(u"-3"), true, -3},
+        {string(u"70000"), true, 70000}};
     for (const Case& each : cases) {
         lisp.setVariable(u"G", each.value);
         int value = 4711;
@@ -144,28 +121,5 @@ TEST_F(Lisp, globals_areAskedForByName) {
     EXPECT_EQ(lisp.calls(), expected);
 }
 
-TEST(PlatformDefaults, withoutAPlatform_nothingIsThere) {
-    setPlatform(nullptr);
-    Platform& none = platform();
-    EXPECT_FALSE(none.host.documents->hasCurrentDocument());
-    HostResultBuffer result;
-    EXPECT_EQ(none.host.lisp->invoke(HostResultBuffer().addString(u"f"), result), LispStatus::failure);
-    EXPECT_EQ(none.services.globalVariables->Gbl_ReplaceGblVars(u"%X%"), u"%X%");
-    FileHandle handle = FileHandle::none;
-    EXPECT_EQ(none.os.files->open(u"C:\\x", OpenMode::read, handle).error, FileError::missing);
-    EXPECT_EQ(handle, FileHandle::none);
-    EXPECT_EQ(none.os.clock->steady().count(), 0);
-    EXPECT_TRUE(none.os.identity->userName().empty());
-}
-
-TEST(PlatformDefaults, installedPlatform_isUsedUntilItIsTakenOut) {
-    {
-        ScriptedPlatform surroundings;
-        EXPECT_EQ(platform().host.lisp, &surroundings.lisp);
-    }
-    EXPECT_FALSE(platform().host.documents->hasCurrentDocument());
-}
-
 } // namespace
-
 } // namespace ryv::test

@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 namespace ryv::test {
-
 namespace {
 
 class PathMapperTest : public ::testing::Test {
@@ -25,12 +24,6 @@ protected:
     drafta::PathMapper mapper;
     TempFolder folder;
 };
-
-TEST_F(PathMapperTest, absoluteText_isTheSameNamesFromTheRoot) {
-    EXPECT_EQ(native(u"\\home\\no one\\Ä.kqp"), "/home/no one/Ä.kqp");
-    EXPECT_EQ(native(u"\\"), "/");
-    EXPECT_EQ(native(u"\\none/such\\\\x\\"), "/none/such/x");
-}
 
 TEST_F(PathMapperTest, dots_areFoldedAndStopAtTheRoot) {
     EXPECT_EQ(native(u"\\none\\.\\a\\..\\x"), "/none/x");
@@ -59,18 +52,6 @@ TEST_F(PathMapperTest, networkPaths_haveACounterpartOnlyWhenMapped) {
     EXPECT_EQ(failure(u"\\\\srv"), FileError::badName);
     EXPECT_FALSE(mapper.mapShare(u"\\srv\\share", folder.native()));
     EXPECT_FALSE(mapper.mapShare(u"\\\\srv\\share\\deeper", folder.native()));
-}
-
-TEST_F(PathMapperTest, impossibleText_isABadName) {
-    EXPECT_EQ(failure(u""), FileError::badName);
-    EXPECT_EQ(failure(CStringView(u"\\a\0b", 4)), FileError::badName);
-}
-
-TEST_F(PathMapperTest, relativeText_startsFromTheCurrentFolder) {
-    std::filesystem::create_directory(folder.native("sub"));
-    const CurrentFolder there(folder.native("sub"));
-    EXPECT_EQ(native(u"x.dwg"), folder.native("sub/x.dwg"));
-    EXPECT_EQ(native(u"..\\x.dwg"), folder.native("x.dwg"));
 }
 
 TEST_F(PathMapperTest, names_areLookedUpExactlyFirst) {
@@ -114,19 +95,6 @@ TEST_F(PathMapperTest, everyNativeName_comesBackFromItsText) {
     }
 }
 
-TEST_F(PathMapperTest, randomBytes_comeBackFromTheirText) {
-    std::mt19937 random(7);
-    for (int round = 0; round < 20000; ++round) {
-        std::string name(1 + random() % 12, 'x');
-        for (char& byte : name) {
-            constexpr std::string_view likely = "\\\xED\xB1\x9C\xA0\x81\xF0\x90\x91\xC3";
-            byte = random() % 2 ? likely[random() % likely.size()] : static_cast<char>(1 + random() % 255);
-            byte = byte == '/' || byte == '.' ? 'y' : byte;
-        }
-        EXPECT_EQ(drafta::componentToNative(drafta::componentFromNative(name)), name);
-    }
-}
-
 TEST_F(PathMapperTest, escapedNames_areFoundOnDisk) {
     folder.write("back\\slash", "");
     folder.write("caf\xE9", "");
@@ -158,5 +126,4 @@ TEST_F(PathMapperTest, parentOfALink_isWhereTheKernelWouldGo) {
 }
 
 } // namespace
-
 } // namespace ryv::test

@@ -5,7 +5,6 @@
 #include <gtest/gtest.h>
 
 namespace ryv::test {
-
 namespace {
 
 /// "2026-11-21T02:05:09"
@@ -47,12 +46,5 @@ TEST(PosixClock, localTime_isTheSystemsWithinAMoment) {
     EXPECT_NEAR(std::difftime(std::time(nullptr), std::mktime(&parts)), 0, 5);
 }
 
-TEST(PosixClock, steady_neverGoesBack) {
-    drafta::PosixClock clock;
-    const auto first = clock.steady();
-    EXPECT_LE(first, clock.steady());
-}
-
 } // namespace
-
 } // namespace ryv::test

@@ -14,7 +14,6 @@
 #include <unistd.h>
 
 namespace ryv::test {
-
 namespace {
 
 using std::chrono::milliseconds;
@@ -128,13 +127,6 @@ TEST_F(PosixFilesTest, remove_takesFilesAndNoFolders) {
     EXPECT_EQ(files.remove(folder.module(u"sub")).error, FileError::isFolder);
 }
 
-TEST_F(PosixFilesTest, syncFolder_takesFoldersOnly) {
-    folder.write("x", "");
-    EXPECT_TRUE(files.syncFolder(folder.module()).ok());
-    EXPECT_EQ(files.syncFolder(folder.module(u"x")).error, FileError::notFolder);
-    EXPECT_EQ(files.syncFolder(folder.module(u"none")).error, FileError::missing);
-}
-
 TEST_F(PosixFilesTest, information_isTheSameByPathAndByHandle) {
     folder.write("x", "12345");
     const FileHandle handle = opened(u"x", OpenMode::readWrite);
@@ -151,17 +143,6 @@ TEST_F(PosixFilesTest, information_isTheSameByPathAndByHandle) {
     const FileInformation ofFolder = information({});
     EXPECT_TRUE(ofFolder.isFolder);
     EXPECT_FALSE(ofFolder.isRegular);
-}
-
-TEST_F(PosixFilesTest, readOnly_isToldByTheWriteBitsWhoeverAsks) {
-    folder.write("x", "");
-    ASSERT_EQ(::chmod(folder.native("x").c_str(), 0444), 0);
-    EXPECT_TRUE(information(u"x").readOnly);
-    const FileHandle handle = opened(u"x", OpenMode::read);
-    FileInformation byHandle;
-    ASSERT_TRUE(files.information(handle, byHandle).ok());
-    EXPECT_TRUE(byHandle.readOnly);
-    EXPECT_TRUE(files.close(handle).ok());
 }
 
 /// In a process of its own, as a user without rights to the file: 0 when it is read-only by path and by
@@ -237,21 +218,5 @@ TEST_F(PosixFilesTest, resolve_followsLinksAndTakesTheSpellingOnDisk) {
     EXPECT_EQ(resolved(u"Deep\\dangling"), folder.module(u"made\\later"));
 }
 
-TEST(FileErrors, systemNumbers_haveTheirKind) {
-    constexpr std::array<std::pair<int, FileError>, 14> kinds = {
-        {{ENOSPC, FileError::noSpace}, {EDQUOT, FileError::noSpace}, {EROFS, FileError::readOnly},
-            {ETXTBSY, FileError::busy}, {ENAMETOOLONG, FileError::badName}, {ELOOP, FileError::badName},
-            {ENOTDIR, FileError::notFolder}, {EISDIR, FileError::isFolder}, {EPERM, FileError::denied},
-            {EACCES, FileError::denied}, {EIO, FileError::io}, {ENOLCK, FileError::unsupported},
-            {EOPNOTSUPP, FileError::unsupported}, {EFBIG, FileError::tooLarge}}};
-    for (const auto& [number, kind] : kinds) {
-        EXPECT_EQ(drafta::statusOf(number).error, kind) << number;
-        EXPECT_EQ(drafta::statusOf(number).systemCode, number);
-    }
-    EXPECT_TRUE(drafta::statusOf(0).ok());
-    EXPECT_EQ(drafta::statusOf(ENOMEM).error, FileError::other);
-}
-
 } // namespace
-
 } // namespace ryv::test

@@ -7,7 +7,6 @@
 #include <unistd.h>
 
 namespace ryv::test {
-
 namespace {
 
 TEST(PosixIdentity, userName_isTheEffectiveUsers) {
@@ -33,5 +32,4 @@ TEST(PosixIdentity, fullName_isTheFirstFieldOfTheComment) {
 }
 
 } // namespace
-
 } // namespace ryv::test

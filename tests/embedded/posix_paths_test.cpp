@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 namespace ryv::test {
-
 namespace {
 
 class PosixPathsTest : public ::testing::Test {
@@ -41,13 +40,5 @@ TEST_F(PosixPathsTest, temporaryFolder_isTheOneNamed) {
     old ? ::setenv("TMPDIR", kept.c_str(), 1) : ::unsetenv("TMPDIR");
 }
 
-TEST_F(PosixPathsTest, platform_hasTheSystemsPortsAndNoOthers) {
-    EXPECT_NE(dynamic_cast<drafta::PosixFiles*>(system.platform().os.files), nullptr);
-    EXPECT_NE(dynamic_cast<drafta::PosixClock*>(system.platform().os.clock), nullptr);
-    EXPECT_NE(dynamic_cast<drafta::PosixIdentity*>(system.platform().os.identity), nullptr);
-    EXPECT_NE(dynamic_cast<NullHostDocuments*>(system.platform().host.documents), nullptr);
-}
-
 } // namespace
-
 } // namespace ryv::test

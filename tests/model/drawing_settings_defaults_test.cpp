@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 namespace ryv::test {
-
 namespace {
 
 class DrawingSettingsDefaults : public ::testing::Test {
@@ -32,37 +31,13 @@ protected:
     RyvCfgDrawingSettings settings;
 };
 
-TEST_F(DrawingSettingsDefaults, fixedOnes_standAtTheirIndex) {
-    const std::pair<int, CString> rows[] = {{0, u"H"}, {1, u"1"}, {2, u"R"}, {4, u",A,B,C,D,E,F,G,H,J"},
-        {5, u"%F%N"}, {8, u",A,B,C,D,E,F,G,H,J,K,L,M,N"}, {11, u"0.75"}, {12, u"4.5"}, {13, u""},
-        {17, u"0.5"}, {19, u""}, {20, u"2.0"}, {22, u"A"}, {24, u"1"}, {25, u"-"}, {26, u"WIRES"},
-        {29, u"WIREFIXED"}, {36, u"XREFCHILD"}, {37, u"DESCCHILD"}, {41, u"0"}, {45, u"SYMS"}, {46, u""},
-        {49, u"1"}, {50, u"0"}, {55, u""}, {56, u"_MULTI_WIRE"}, {58, u"LOCBOX"}, {59, u""}};
-    settings.fillWithDefaults();
-    for (const auto& [index, expected] : rows)
-        EXPECT_EQ(valueOf(settings, index), expected) << index;
-    for (int index = 0; index <= 76; ++index)
-        EXPECT_NE(settings.find(index), nullptr) << index;
-}
-
-TEST_F(DrawingSettingsDefaults, withoutAProject_dependentOnesAreFixedToo) {
-    settings.fillWithDefaults();
-    const CString expected[] = {
-        u"0", u"0", u"0", u"", u"0", u",", u"1", u"0", u"NO,NC,NONC", u"Standard", u"%T"};
-    for (int index = 60; index <= 70; ++index)
-        EXPECT_EQ(valueOf(settings, index), expected[index - 60]) << index;
-    expectTail({u"1,2,3,5", u"W1,T1,TYPE,T2,W2,REF,SH,SHDWGNAM,FILENAME,FULLFILENAM",
-        u"MC,MC,MC,MC,MC,MC,MC,MC,L,L", u"0.0", u"1", u"0.0,0.0,0.0"});
-}
-
 TEST_F(DrawingSettingsDefaults, dependentOnes_followTheMiscellaneousSettings) {
     struct Case {
         const char* name;
         RyvPmMiscProjSettings misc;
         std::vector<CString> from60; // 60 to 67
     };
-    const Case cases[] = {
-        {"nothing", {}, {u"0", u"0", u"0", u"", u"0", u",", u"1", u"0"}},
+    const Case cases[] = {{"nothing", {}, {u"0", u"0", u"0", u"", u"0", u",", u"1", u"0"}},
         {"bit 8", misc({{5, u"8"}}), {u"1", u"0", u"0", u"", u"0", u",", u"0", u"1"}},
         {"bit 8 among others", misc({{5, u" 15 "}}), {u"1", u"0", u"0", u"", u"0", u",", u"0", u"1"}},
         {"other bits", misc({{5, u"23"}}), {u"0", u"0", u"0", u"", u"0", u",", u"1", u"0"}},
@@ -72,8 +47,7 @@ TEST_F(DrawingSettingsDefaults, dependentOnes_followTheMiscellaneousSettings) {
         {"sort", misc({{28, u"1"}}), {u"0", u"0", u"0", u"", u"1", u",", u"1", u"0"}},
         {"sort otherwise", misc({{28, u"2"}}), {u"0", u"0", u"0", u"", u"0", u",", u"1", u"0"}},
         {"blank between", misc({{8, u"1"}}), {u"0", u"0", u"0", u"", u"0", u", ", u"1", u"0"}},
-        {"no blank between", misc({{8, u"11"}}), {u"0", u"0", u"0", u"", u"0", u",", u"1", u"0"}},
-    };
+        {"no blank between", misc({{8, u"11"}}), {u"0", u"0", u"0", u"", u"0", u",", u"1", u"0"}}};
     for (const Case& each : cases) {
         RyvCfgDrawingSettings filled;
         filled.fillWithDefaults(each.misc);
@@ -83,16 +57,6 @@ TEST_F(DrawingSettingsDefaults, dependentOnes_followTheMiscellaneousSettings) {
         EXPECT_EQ(valueOf(filled, 68), u"NO,NC,NONC") << each.name;
         EXPECT_EQ(valueOf(filled, 0), u"H") << each.name;
     }
-}
-
-TEST_F(DrawingSettingsDefaults, defaults_replaceWhatWasThere) {
-    const CString other = u"other";
-    for (int index = 0; index <= 76; ++index)
-        settings.setValue(index, &other);
-    settings.fillWithDefaults(misc({}));
-    RyvCfgDrawingSettings fresh;
-    fresh.fillWithDefaults();
-    EXPECT_TRUE(settings == fresh);
 }
 
 TEST_F(DrawingSettingsDefaults, openDocument_givesTheTables) {
@@ -118,13 +82,5 @@ TEST_F(DrawingSettingsDefaults, failingCalls_keepTheFixedTables) {
         u"MC,MC,MC,MC,MC,MC,MC,MC,L,L", u"0.0", u"1", u"0.0,0.0,0.0"});
 }
 
-TEST_F(DrawingSettingsDefaults, withoutADocument_nothingIsCalled) {
-    surroundings.lisp.answer(u"kq_xref_tbl_indexlst", HostResultBuffer().addString(u"9,8"));
-    settings.fillWithDefaults(misc({}));
-    EXPECT_TRUE(surroundings.lisp.calls().empty());
-    EXPECT_EQ(valueOf(settings, 71), u"1,2,3,5");
-}
-
 } // namespace
-
 } // namespace ryv::test

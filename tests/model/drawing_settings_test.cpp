@@ -6,7 +6,6 @@
 #include <set>
 
 namespace ryv::test {
-
 namespace {
 
 using Status = RyvCfgDrawingSettings::Status;
@@ -37,15 +36,6 @@ std::string shownValues(const RyvCfgDrawingSettings& settings) {
         if (const CString* const value = settings.find(index))
             text += (text.empty() ? "" : " ") + std::to_string(index) + "=" + toUtf8(*value);
     return text;
-}
-
-TEST(DrawingSettings, newRecord_hasNothing) {
-    RyvCfgDrawingSettings settings;
-    CString value = u"before";
-    for (int index = 0; index <= 76; ++index)
-        EXPECT_EQ(settings.getValue(index, value), Status::absent) << index;
-    EXPECT_EQ(value, u"before");
-    EXPECT_TRUE(settings == RyvCfgDrawingSettings());
 }
 
 TEST(DrawingSettings, values_arePresentWhenEmptyAndAbsentWhenNull) {
@@ -79,43 +69,6 @@ TEST(DrawingSettings, indicesOutside_haveTheirStatus) {
     EXPECT_EQ(static_cast<int>(Status::present), 1);
     EXPECT_EQ(static_cast<int>(Status::absent), 2);
     EXPECT_EQ(static_cast<int>(Status::badIndex), 3);
-}
-
-TEST(DrawingSettings, names_standAtTheirIndex) {
-    struct Row {
-        int index;
-        CString tag;
-        CString key;
-    };
-    const Row rows[] = {
-        {0, u"RUNGHORV", u"CFG037"},
-        {3, u"TAG-START", u""},
-        {7, u"WIRE-START", u""},
-        {13, u"SHEET", u""},
-        {14, u"XREFFMT", u"CFG048"},
-        {26, u"WIRELAYS", u"CFG060"},
-        {31, u"FEATURE_SCL", u"CFG065"},
-        {45, u"COMP_LAY", u"CFG079"},
-        {46, u"SHEETDWGNAME", u""},
-        {50, u"MISC_FLAGS", u""},
-        {53, u"IEC_LOC", u""},
-        {58, u"LOCBOX_LAY", u"CFG086"},
-        {59, u"SORTMODE", u"CFG090"},
-        {60, u"XREF_STYLE", u""},
-        {63, u"XREF_FILLWITH", u""},
-        {68, u"XREF_CONTACTMAP", u""},
-        {76, u"WNUM_GAP", u""},
-    };
-    for (const Row& row : rows) {
-        CString tag;
-        CString key;
-        EXPECT_TRUE(RyvCfgDrawingSettings::getKQ_MTagForIndex(row.index, tag));
-        EXPECT_EQ(tag, row.tag) << row.index;
-        EXPECT_EQ(RyvCfgDrawingSettings::getMessageKeyForIndex(row.index, key), !row.key.empty())
-            << row.index;
-        EXPECT_EQ(key, row.key) << row.index;
-        EXPECT_EQ(RyvCfgDrawingSettings::getIndexForKQ_MTag(row.tag), row.index);
-    }
 }
 
 TEST(DrawingSettings, names_areAllDifferentAndFoundAgain) {
@@ -167,8 +120,7 @@ TEST(DrawingSettings, comparisons_agreeWithTheirRules) {
         bool equal;
         bool equalBetweenDrawings;
     };
-    const Case cases[] = {
-        {"nothing", {}, {}, true, true},
+    const Case cases[] = {{"nothing", {}, {}, true, true},
         {"present and absent", with({{5, u""}}), {}, false, false},
         {"case", with({{26, u"wires"}}), with({{26, u"WIRES"}}), true, true},
         {"text", with({{5, u"a"}}), with({{5, u"b"}}), false, false},
@@ -182,8 +134,7 @@ TEST(DrawingSettings, comparisons_agreeWithTheirRules) {
         {"part of a layer", with({{26, u"WIRES2"}}), with({{26, u"WIRES"}}), false, false},
         {"no layers there", with({{26, u"WIRES"}}), with({{26, u""}}), false, true},
         {"layers absent there", with({{26, u"WIRES"}}), {}, false, false},
-        {"layers of another kind", with({{56, u"A,B"}}), with({{56, u"A"}}), false, false},
-    };
+        {"layers of another kind", with({{56, u"A,B"}}), with({{56, u"A"}}), false, false}};
     for (const Case& each : cases) {
         EXPECT_EQ(each.mine == each.other, each.equal) << each.name;
         EXPECT_EQ(each.other == each.mine, each.equal) << each.name;
@@ -201,11 +152,9 @@ TEST(DrawingSettings, copyBetweenDrawings_leavesOutWhatIsTheirs) {
         bool clearAbsent;
         std::string result;
     };
-    const Case cases[] = {
-        {"into nothing", {}, false, "0=V 26=A,B 76="},
+    const Case cases[] = {{"into nothing", {}, false, "0=V 26=A,B 76="},
         {"keeps the rest", with({{1, u"x"}, {13, u"2"}, {26, u"b,C"}}), false, "0=V 1=x 13=2 26=b,C,A 76="},
-        {"clears the rest", with({{1, u"x"}, {13, u"2"}, {51, u"q"}}), true, "0=V 13=2 26=A,B 51=q 76="},
-    };
+        {"clears the rest", with({{1, u"x"}, {13, u"2"}, {51, u"q"}}), true, "0=V 13=2 26=A,B 51=q 76="}};
     for (Case each : cases) {
         each.mine.CopyNonDrawingSpecificValues(other, each.clearAbsent);
         EXPECT_EQ(shownValues(each.mine), each.result) << each.name;
@@ -221,16 +170,9 @@ TEST(DrawingSettings, layerLists_areMergedWithoutDoubling) {
         CString second;
         CString merged;
     };
-    const Case cases[] = {
-        {u"A,B", u"b,C", u"b,C,A"},
-        {u"", u"X", u"X"},
-        {u"X, Y", u"", u"X, Y"},
-        {u"", u"", u""},
-        {u"a", u"A", u"A"},
-        {u" A ,B", u"C", u"C,A,B"},
-        {u"A,a,A", u"B", u"B,A"},
-        {u"AB", u"A,B", u"A,B,AB"},
-    };
+    const Case cases[] = {{u"A,B", u"b,C", u"b,C,A"}, {u"", u"X", u"X"}, {u"X, Y", u"", u"X, Y"},
+        {u"", u"", u""}, {u"a", u"A", u"A"}, {u" A ,B", u"C", u"C,A,B"}, {u"A,a,A", u"B", u"B,A"},
+        {u"AB", u"A,B", u"A,B,AB"}};
     for (const Case& each : cases) {
         CString second = each.second;
         EXPECT_TRUE(Settings::mergeWireLays(each.first, second));
@@ -243,5 +185,4 @@ TEST(DrawingSettings, layerLists_areMergedWithoutDoubling) {
 }
 
 } // namespace
-
 } // namespace ryv::test

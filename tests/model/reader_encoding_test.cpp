@@ -2,7 +2,6 @@
 #include "tests/support/project_fixture.h"
 
 namespace ryv::test {
-
 namespace {
 
 class ReaderEncoding : public ProjectFixture {
@@ -45,13 +44,6 @@ TEST_F(ReaderEncoding, carriageReturns_countOnlyInFrontOfALineFeed) {
     EXPECT_EQ(project.getProjDescriptions(), CStringList{u"c\rd"});
 }
 
-TEST_F(ReaderEncoding, blankLines_areNoLines) {
-    RyvPrmProjectData project;
-    read("\n \n\t\n\v\f\r\n\xC2\xA0\n\xE3\x80\x80\nx.dwg\n\n \n", project);
-    EXPECT_EQ(treeText(project), "C:\\P\\x.dwg");
-    EXPECT_TRUE(recorder.findings.empty());
-}
-
 /// A "\n" inside a UTF-16 unit, or "\r" at its half, is no line end.
 TEST_F(ReaderEncoding, bytesOfUtf16Units_areNoLineEnds) {
     for (const TextEncoding encoding : {TextEncoding::utf16LittleEndian, TextEncoding::utf16BigEndian}) {
@@ -70,13 +62,6 @@ TEST_F(ReaderEncoding, windows1252_isReadWithItsUndefinedBytes) {
     EXPECT_TRUE(write(project).ends_with("\n=\x80\x81\x8D\x8F\x90\x9D\xA0\xFF\nx.dwg\n"));
 }
 
-/// One invalid byte makes the whole file Windows-1252, the valid sequences with it.
-TEST_F(ReaderEncoding, invalidUtf8WithoutMark_isWindows1252) {
-    RyvPrmProjectData project;
-    read("=\xC3\xA4\n==\xFF\nx.dwg\n", project);
-    EXPECT_EQ(project.findFile(u"C:\\P\\x.dwg")->getDescription1(), u"\u00C3\u00A4");
-}
-
 /// What a marked file holds comes back byte for byte, valid or not.
 TEST_F(ReaderEncoding, invalidBytesUnderAMark_surviveAsText) {
     RyvPrmProjectData project;
@@ -90,5 +75,4 @@ TEST_F(ReaderEncoding, invalidBytesUnderAMark_surviveAsText) {
 }
 
 } // namespace
-
 } // namespace ryv::test

@@ -2,7 +2,6 @@
 #include "tests/support/project_fixture.h"
 
 namespace ryv::test {
-
 namespace {
 
 using F = ProjectFinding;
@@ -24,22 +23,16 @@ struct Case {
 };
 
 TEST_F(ReaderFindings, wellFormedFile_hasNone) {
-    const std::string contents[] = {
-        "",
-        "\n",
+    const std::string contents[] = {"", "\n",
         "*[1]one\n*[3]three\n+[1]a\n+[255]b\n?[0]H\n?[63] x\n?[76]\n=1\n==2\n===3\n===4\n====REF\n"
         "=====SUB=A/B\nx.dwg\n\n=====SUB=C[Empty]\ny.dwg\n",
-        "x.dwg\n\n=====SUB=A[Empty]\n",
-        "\xEF\xBB\xBF\xC3\xA4.dwg\r\n\r\n",
-        "\"=x.dwg\nD:\\y\n",
-    };
+        "x.dwg\n\n=====SUB=A[Empty]\n", "\xEF\xBB\xBF\xC3\xA4.dwg\r\n\r\n", "\"=x.dwg\nD:\\y\n"};
     for (const std::string& content : contents)
         EXPECT_EQ(findingsOf(content), std::vector<Finding>{}) << content;
 }
 
 TEST_F(ReaderFindings, indexedLines_areJudgedByTheirNumber) {
-    const Case cases[] = {
-        {"nothing in brackets", "\n*[]x\n", {{2, F::malformedIndex, u"*[]x"}}},
+    const Case cases[] = {{"nothing in brackets", "\n*[]x\n", {{2, F::malformedIndex, u"*[]x"}}},
         {"no end", "+[1x\n", {{1, F::malformedIndex, u"+[1x"}}},
         {"no number", "?[1a]x\n", {{1, F::malformedIndex, u"?[1a]x"}}},
         {"signs", "?[+1]x\n", {{1, F::malformedIndex, u"?[+1]x"}}},
@@ -59,17 +52,15 @@ TEST_F(ReaderFindings, indexedLines_areJudgedByTheirNumber) {
         {"order", "x.dwg\n?[0]V\n+[5]8\n*[1]one\ny.dwg\n",
             {{2, F::sectionOrder, u"?[0]V"}, {3, F::sectionOrder, u"+[5]8"},
                 {4, F::sectionOrder, u"*[1]one"}}},
-        {"blanks", "?[62]  a\n\n?[5]\t\n", {{3, F::blanksDropped, u"\t"}, {1, F::blanksDropped, u"  a"}}},
-    };
+        {"blanks", "?[62]  a\n\n?[5]\t\n", {{3, F::blanksDropped, u"\t"}, {1, F::blanksDropped, u"  a"}}}};
     for (const Case& each : cases)
         EXPECT_EQ(findingsOf(each.file), each.findings) << each.name;
 }
 
 TEST_F(ReaderFindings, drawingLines_areJudgedByWhatIsLost) {
     const std::string longName(256, 'x');
-    const Case cases[] = {
-        {"overwritten", "=1\n==2\n=3\n==4\nx.dwg\n=1\ny.dwg",
-            {{3, F::attributeOverwritten, u"=3"}, {4, F::attributeOverwritten, u"==4"}}},
+    const Case cases[] = {{"overwritten", "=1\n==2\n=3\n==4\nx.dwg\n=1\ny.dwg",
+                              {{3, F::attributeOverwritten, u"=3"}, {4, F::attributeOverwritten, u"==4"}}},
         {"unknown", "====XYZ\n====REFS\n=====sub=A\nx.dwg",
             {{1, F::unknownAttribute, u"====XYZ"}, {2, F::unknownAttribute, u"====REFS"},
                 {3, F::unknownAttribute, u"=====sub=A"}}},
@@ -84,25 +75,21 @@ TEST_F(ReaderFindings, drawingLines_areJudgedByWhatIsLost) {
             {{2, F::attributesWithoutDrawing, u"=====SUB=A[Empty]"}}},
         {"not joined", longName, {{1, F::pathNotJoined, fromAscii(longName)}}},
         {"no path", " \" ", {{1, F::emptyPath, u" \" "}}},
-        {"again", "x.dwg\n\nC:\\p\\X.dwg\n", {{3, F::duplicateDrawing, u"C:\\p\\X.dwg"}}},
-    };
+        {"again", "x.dwg\n\nC:\\p\\X.dwg\n", {{3, F::duplicateDrawing, u"C:\\p\\X.dwg"}}}};
     for (const Case& each : cases)
         EXPECT_EQ(findingsOf(each.file), each.findings) << each.name;
 }
 
 TEST_F(ReaderFindings, textThatCannotBeRead_isPlaced) {
     const std::string nul("a\0b.dwg", 7);
-    const Case cases[] = {
-        {"undefined byte", "x.dwg\r\n\x81.dwg", {{2, F::undecodableBytes, u"\u0081.dwg"}}},
+    const Case cases[] = {{"undefined byte", "x.dwg\r\n\x81.dwg", {{2, F::undecodableBytes, u"\u0081.dwg"}}},
         {"bad byte in marked UTF-8", "\xEF\xBB\xBFx.dwg\n\xFFy.dwg\n",
             {{2, F::undecodableBytes, CString(1, char16_t{0xDCFF}) + u"y.dwg"}}},
         {"NUL", "\n" + nul, {{2, F::nulCharacter, CString(u"a\0b.dwg", 7)}}},
-        {"odd byte in UTF-16", std::string("\xFF\xFEx\0\n\0y", 7), {{2, F::undecodableBytes, u""}}},
-    };
+        {"odd byte in UTF-16", std::string("\xFF\xFEx\0\n\0y", 7), {{2, F::undecodableBytes, u""}}}};
     for (const Case& each : cases)
         EXPECT_EQ(findingsOf(each.file), each.findings) << each.name;
 }
 
 } // namespace
-
 } // namespace ryv::test

@@ -1,7 +1,6 @@
 #include "tests/support/project_fixture.h"
 
 namespace ryv::test {
-
 namespace {
 
 class Reader : public ProjectFixture {
@@ -29,42 +28,33 @@ struct TreeCase {
 };
 
 TEST_F(Reader, pathLines_becomeAbsolutePaths) {
-    const TreeCase cases[] = {
-        {"plain", "x.dwg\n", "C:\\P\\x.dwg"},
-        {"slashes", "a/b.dwg", "C:\\P\\a\\b.dwg"},
-        {"upwards", "..\\x.dwg", "C:\\x.dwg"},
-        {"dots", ".\\a\\.\\..\\x.dwg", "C:\\P\\x.dwg"},
+    const TreeCase cases[] = {{"plain", "x.dwg\n", "C:\\P\\x.dwg"}, {"slashes", "a/b.dwg", "C:\\P\\a\\b.dwg"},
+        {"upwards", "..\\x.dwg", "C:\\x.dwg"}, {"dots", ".\\a\\.\\..\\x.dwg", "C:\\P\\x.dwg"},
         {"absolute", "D:\\a\\..\\x.dwg", "D:\\a\\..\\x.dwg"},
         {"absolute with slashes", "D:/a/x.dwg", "D:\\a\\x.dwg"},
-        {"network", "\\\\s\\h\\x.dwg", "\\\\s\\h\\x.dwg"},
-        {"without a drive", "\\x.dwg", "\\x.dwg"},
+        {"network", "\\\\s\\h\\x.dwg", "\\\\s\\h\\x.dwg"}, {"without a drive", "\\x.dwg", "\\x.dwg"},
         {"blanks around", " \t x.dwg \t", "C:\\P\\x.dwg"},
         {"no-break blanks around", "\xC2\xA0x.dwg\xC2\xA0", "C:\\P\\x.dwg"},
         {"quote in front", "\"=odd.dwg", "C:\\P\\=odd.dwg"},
-        {"quotes in front", "\"\"x.dwg", "C:\\P\\\"x.dwg"},
-        {"quotes around", " \"x.dwg\"", "C:\\P\\x.dwg\""},
+        {"quotes in front", "\"\"x.dwg", "C:\\P\\\"x.dwg"}, {"quotes around", " \"x.dwg\"", "C:\\P\\x.dwg\""},
         {"quote, then blanks", "\"  x.dwg", "C:\\P\\  x.dwg"},
-        {"star without bracket", "*x.dwg", "C:\\P\\*x.dwg"},
-        {"bracket", "[x].dwg", "C:\\P\\[x].dwg"},
+        {"star without bracket", "*x.dwg", "C:\\P\\*x.dwg"}, {"bracket", "[x].dwg", "C:\\P\\[x].dwg"},
         {"quoted bracket", "\"+[1].dwg", "C:\\P\\+[1].dwg"},
         {"too long to join", std::string(256, 'x'), std::string(256, 'x')},
-        {"just joined", std::string(254, 'x'), "C:\\P\\" + std::string(254, 'x')},
-    };
+        {"just joined", std::string(254, 'x'), "C:\\P\\" + std::string(254, 'x')}};
     for (const TreeCase& each : cases)
         EXPECT_EQ(treeOf(each.file), each.tree) << each.name;
 }
 
 TEST_F(Reader, markers_placeDrawings) {
-    const TreeCase cases[] = {
-        {"nested, lower case", "=====SUB=a/b\nD:\\x", "A{B{D:\\x}}"},
+    const TreeCase cases[] = {{"nested, lower case", "=====SUB=a/b\nD:\\x", "A{B{D:\\x}}"},
         {"equal but for case", "=====SUB=A\nD:\\x\n=====SUB=a\nD:\\y", "A{D:\\x D:\\y}"},
         {"top level in between", "=====SUB=A\nD:\\x\nD:\\y\n=====SUB=A\nD:\\z", "A{D:\\x D:\\z} D:\\y"},
         {"name of the marker's letters", "=====SUB=SUBBUS\nD:\\x", "SUBBUS{D:\\x}"},
         {"more equals signs", "=====SUB===A\nD:\\x", "A{D:\\x}"},
         {"blanks in front of the name", "=====SUB= \t A B\nD:\\x", "A B{D:\\x}"},
         {"slashes too many", "=====SUB=/A//B/\nD:\\x", "A{B{D:\\x}}"},
-        {"no name", "=====SUB=\nD:\\x", "D:\\x"},
-        {"blank name", "=====SUB=  \nD:\\x", "D:\\x"},
+        {"no name", "=====SUB=\nD:\\x", "D:\\x"}, {"blank name", "=====SUB=  \nD:\\x", "D:\\x"},
         {"slashes for a name", "=====SUB=//\nD:\\x", "D:\\x"},
         {"empty subfolder", "=====SUB=A[Empty]\nD:\\x", "A{} D:\\x"},
         {"empty subfolder of no name", "=====SUB=[Empty]\nD:\\x", "D:\\x"},
@@ -81,8 +71,8 @@ TEST_F(Reader, markers_placeDrawings) {
         {"empty mark behind a marker", "=====SUB=A\n=====SUB=B[Empty]\nD:\\x", "A{D:\\x} B{}"},
         {"marker of no name behind a marker", "=====SUB=A\n=====SUB=\nD:\\x", "A{D:\\x}"},
         {"pending to the end", "D:\\x\n=one\n=====SUB=A", "D:\\x A{}"},
-        {"in the order of markers", "=====SUB=B\nD:\\1\n=====SUB=A\nD:\\2\nD:\\3", "B{D:\\1} A{D:\\2} D:\\3"},
-    };
+        {"in the order of markers", "=====SUB=B\nD:\\1\n=====SUB=A\nD:\\2\nD:\\3",
+            "B{D:\\1} A{D:\\2} D:\\3"}};
     for (const TreeCase& each : cases)
         EXPECT_EQ(treeOf(each.file), each.tree) << each.name;
 }
@@ -96,11 +86,6 @@ TEST_F(Reader, attributeLines_fillTheDrawingThatFollows) {
     EXPECT_EQ(only("=one\n== two =2\n===three\n===\n===four\n====REF\n=====SUB=A\nx.dwg\n"), expected);
     EXPECT_EQ(only("=====SUB=A\n===three\n===\n====REF\n===four\n== two =2\n=one\nx.dwg"), expected)
         << "in any order";
-}
-
-TEST_F(Reader, attributeLines_belongToOneDrawingOnly) {
-    read("=one\n====REF\nx.dwg\ny.dwg\n", data);
-    EXPECT_EQ(*data.findFile(u"C:\\P\\y.dwg"), RyvPrmFileDetails(u"C:\\P\\y.dwg"));
 }
 
 TEST_F(Reader, laterDescription_replacesTheEarlier) {
@@ -131,13 +116,6 @@ TEST_F(Reader, indexedLines_areSorted) {
     EXPECT_EQ(*data.getProjDefKQMVals().find(0), u"V");
     EXPECT_EQ(*data.getProjDefKQMVals().find(76), u"gap");
     EXPECT_EQ(*data.getProjDefKQMVals().find(60), u"1") << "by the miscellaneous settings";
-}
-
-TEST_F(Reader, sectionsOutOfOrder_areReadAlike) {
-    RyvPrmProjectData shuffled;
-    read("x.dwg\n?[0]V\n+[5]8\n*[1]one\n", shuffled);
-    read("*[1]one\n+[5]8\n?[0]V\nx.dwg\n", data);
-    EXPECT_TRUE(shuffled == data);
 }
 
 TEST_F(Reader, settingValues_loseLeadingBlanksButForTwo) {
@@ -187,15 +165,6 @@ TEST_F(Reader, identifiers_comeFromTheStore) {
     EXPECT_FALSE(filer.getOZMProjectInfo(a, b));
 }
 
-TEST_F(Reader, projectInARootFolder_joinsItsPaths) {
-    path = u"D:\\a.kqp";
-    EXPECT_EQ(treeOf("x.dwg\n"), "D:\\x.dwg");
-    path = u"\\a.kqp";
-    EXPECT_EQ(treeOf("sub/x.dwg\n"), "\\sub\\x.dwg");
-    path = u"\\\\server\\share\\a.kqp";
-    EXPECT_EQ(treeOf("x.dwg\n"), "\\\\server\\share\\x.dwg");
-}
-
 TEST_F(Reader, failedRead_leavesAnEmptyProjectWithDefaults) {
     read("*[1]one\n+[9]x\n?[0]V\nx.dwg\n", data);
     RyvPrmKQPFiler filer(true);
@@ -207,16 +176,5 @@ TEST_F(Reader, failedRead_leavesAnEmptyProjectWithDefaults) {
     EXPECT_TRUE(data.getProjDescriptions().empty());
 }
 
-TEST_F(Reader, fileGoneAfterOpening_isAFailedRead) {
-    files.put(path, "x.dwg\n");
-    RyvPrmKQPFiler filer(path, false, true);
-    files.erase(path);
-    EXPECT_TRUE(filer.readProject(data));
-    EXPECT_EQ(filer.getLastError(), RyvPmUtilsKQPFiler::cannotRead);
-    EXPECT_EQ(treeText(data), "");
-    EXPECT_EQ(data.getProjDefKQMVals().find(76) != nullptr, true);
-}
-
 } // namespace
-
 } // namespace ryv::test

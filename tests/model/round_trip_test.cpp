@@ -4,7 +4,6 @@
 #include "tests/support/project_fixture.h"
 
 namespace ryv::test {
-
 namespace {
 
 constexpr std::uint64_t seed = 20'240'117;
@@ -71,14 +70,6 @@ TEST_F(RoundTrip, fileReadAndWritten_readsEqual) {
 
 // -- What the format does not keep.
 
-TEST_F(RoundTrip, trailingEmptyDescriptions_areGone) {
-    RyvPrmProjectData project;
-    project.setProjDescriptions({u"", u"x", u"", u""});
-    RyvPrmProjectData again;
-    read(write(project), again);
-    EXPECT_EQ(again.getProjDescriptions(), (CStringList{u"", u"x"}));
-}
-
 TEST_F(RoundTrip, descriptionFarBehindTheOthers_isReportedAsGone) {
     RyvPrmProjectData project;
     CStringList descriptions(70'000);
@@ -123,29 +114,10 @@ TEST_F(RoundTrip, settingsOfOneDrawing_areTheDefaultsAgain) {
     EXPECT_EQ(*again.getProjDefKQMVals().find(5), u"%F%N") << "an absent one has its default again";
 }
 
-TEST_F(RoundTrip, leadingBlanksOfSettings_areGoneButForTwo) {
-    RyvCfgDrawingSettings settings;
-    const CString value = u"  x";
-    for (const int index : {62, 63, 65})
-        settings.setValue(index, &value);
-    RyvPrmProjectData project;
-    project.setProjDefKQMVals(settings);
-    RyvPrmProjectData again;
-    read(write(project), again);
-    EXPECT_EQ(*again.getProjDefKQMVals().find(62), u"x");
-    EXPECT_EQ(*again.getProjDefKQMVals().find(63), u"  x");
-    EXPECT_EQ(*again.getProjDefKQMVals().find(65), u"  x");
-}
-
 TEST_F(RoundTrip, pathsOfAnotherSpelling_comeBackInTheirPlainForm) {
-    const std::pair<CString, std::string> cases[] = {
-        {u"C:\\P\\x.dwg ", "C:\\P\\x.dwg"},
-        {u"C:\\P\\a/b.dwg", "C:\\P\\a\\b.dwg"},
-        {u"c:\\p\\X.dwg", "C:\\P\\X.dwg"},
-        {u"x.dwg", "C:\\P\\x.dwg"},
-        {u"..\\x.dwg", "C:\\x.dwg"},
-        {u"C:\\P\\x\ny", "C:\\P\\x y"},
-    };
+    const std::pair<CString, std::string> cases[] = {{u"C:\\P\\x.dwg ", "C:\\P\\x.dwg"},
+        {u"C:\\P\\a/b.dwg", "C:\\P\\a\\b.dwg"}, {u"c:\\p\\X.dwg", "C:\\P\\X.dwg"}, {u"x.dwg", "C:\\P\\x.dwg"},
+        {u"..\\x.dwg", "C:\\x.dwg"}, {u"C:\\P\\x\ny", "C:\\P\\x y"}};
     for (const auto& [name, expected] : cases) {
         RyvPrmProjectData project;
         add(project, name);
@@ -164,18 +136,10 @@ TEST_F(RoundTrip, absolutePathsWithDotsOrDoubledSeparators_areKept) {
 }
 
 TEST_F(RoundTrip, subfolderNamesThatATraceCannotHold_becomeOthers) {
-    const std::pair<CString, std::string> cases[] = {
-        {u"a", "A{C:\\P\\x}"},
-        {u"A/B", "A{B{C:\\P\\x}}"},
-        {u"=A", "A{C:\\P\\x}"},
-        {u" A ", "A {C:\\P\\x}"},
-        {u"", "C:\\P\\x"},
-        {u"/", "C:\\P\\x"},
-        {u"=", "C:\\P\\x"},
-        {u"[Empty]", "[EMPTY]{C:\\P\\x}"},
-        {u"A\nB", "A B{C:\\P\\x}"},
-        {u"SUB=", "SUB={C:\\P\\x}"},
-    };
+    const std::pair<CString, std::string> cases[] = {{u"a", "A{C:\\P\\x}"}, {u"A/B", "A{B{C:\\P\\x}}"},
+        {u"=A", "A{C:\\P\\x}"}, {u" A ", "A {C:\\P\\x}"}, {u"", "C:\\P\\x"}, {u"/", "C:\\P\\x"},
+        {u"=", "C:\\P\\x"}, {u"[Empty]", "[EMPTY]{C:\\P\\x}"}, {u"A\nB", "A B{C:\\P\\x}"},
+        {u"SUB=", "SUB={C:\\P\\x}"}};
     for (const auto& [name, expected] : cases) {
         RyvPrmProjectData project;
         auto subfolder = std::make_unique<RyvPrmSubfolder>(name);
@@ -183,13 +147,6 @@ TEST_F(RoundTrip, subfolderNamesThatATraceCannotHold_becomeOthers) {
         project.addFile(std::move(subfolder));
         EXPECT_EQ(treeAfter(project), expected) << shown(name);
     }
-}
-
-TEST_F(RoundTrip, namelessSubfolderInside_isLeftOut) {
-    RyvPrmProjectData project;
-    add(project, u"C:\\P\\x", u"A/B");
-    project.findSubfolder(u"A/B")->setName(u"");
-    EXPECT_EQ(treeAfter(project), "A{C:\\P\\x}");
 }
 
 TEST_F(RoundTrip, equalSubfolders_becomeOne) {
@@ -203,5 +160,4 @@ TEST_F(RoundTrip, equalSubfolders_becomeOne) {
 }
 
 } // namespace
-
 } // namespace ryv::test

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 namespace ryv::test {
-
 namespace {
 
 TEST(Subfolder, assignment_copiesTheNameAndLosesTheItems) {
@@ -17,26 +16,6 @@ TEST(Subfolder, assignment_copiesTheNameAndLosesTheItems) {
     EXPECT_EQ(treeText(source.getItems()), "s");
     EXPECT_EQ(asFileDetails(&item)->getFileName(), u"t") << "not destroyed";
     EXPECT_EQ(item.parent(), nullptr);
-}
-
-TEST(Subfolder, assignmentToItself_changesNothing) {
-    RyvPrmSubfolder subfolder(u"S");
-    subfolder.add(drawing(u"x"));
-    RyvPrmSubfolder& same = subfolder;
-    subfolder = same;
-    EXPECT_EQ(treeText(subfolder.getItems()), "x");
-}
-
-TEST(Subfolder, assignmentInAProject_isSeenByLookups) {
-    RyvPrmProjectData project;
-    add(project, u"x", u"A/B");
-    ASSERT_TRUE(project.isFileInProject(u"x"));
-    ASSERT_NE(project.findSubfolder(u"A/B"), nullptr);
-    *project.findSubfolder(u"A") = RyvPrmSubfolder(u"Z");
-    EXPECT_FALSE(project.isFileInProject(u"x"));
-    EXPECT_EQ(project.findSubfolder(u"A"), nullptr);
-    EXPECT_EQ(project.findSubfolder(u"Z/B"), nullptr);
-    EXPECT_NE(project.findSubfolder(u"Z"), nullptr);
 }
 
 TEST(Subfolder, unparked_belongsToTheCaller) {
@@ -60,20 +39,6 @@ TEST(Subfolder, positionsOutside_throw) {
     EXPECT_THROW(subfolder.take(stranger), std::invalid_argument);
     EXPECT_THROW(subfolder.getItems()[1], std::invalid_argument);
     EXPECT_EQ(treeText(subfolder.getItems()), "x");
-}
-
-TEST(Subfolder, insertAndTakeAll_keepTheOrder) {
-    RyvPrmSubfolder subfolder(u"S");
-    for (const char16_t* const name : {u"2", u"4", u"5"})
-        subfolder.add(drawing(name));
-    subfolder.insert(0, drawing(u"1"));
-    subfolder.insert(2, drawing(u"3"));
-    EXPECT_EQ(treeText(subfolder.getItems()), "1 2 3 4 5");
-    const auto taken = subfolder.takeAll({false, true, false, true});
-    EXPECT_EQ(treeText(subfolder.getItems()), "1 3 5");
-    ASSERT_EQ(taken.size(), 2u);
-    EXPECT_EQ(asFileDetails(taken[1].get())->getFileName(), u"4");
-    EXPECT_EQ(taken[0]->parent(), nullptr);
 }
 
 // -- Depth comes from outside: nothing may nest as deep as the tree does.
@@ -129,28 +94,16 @@ TEST(DeepTree, moves_fromProjectToProject) {
 
 // -- Drawings share their content with their copies until one of them is written to.
 
-TEST(FileDetails, newRecord_isEmpty) {
-    const RyvPrmFileDetails details;
-    EXPECT_TRUE(details.getFileName().empty());
-    EXPECT_TRUE(details.getDescription1().empty());
-    EXPECT_TRUE(details.getDescription2().empty());
-    EXPECT_TRUE(details.getDescriptions().empty());
-    EXPECT_EQ(details.getFileId(), 0);
-    EXPECT_FALSE(details.isReferenceOnly());
-}
-
 TEST(FileDetails, everySetterOnACopy_leavesTheOriginalAlone) {
     using Change = void (*)(RyvPrmFileDetails&);
-    const Change changes[] = {
-        [](RyvPrmFileDetails& d) { d.setFileName(u"other"); },
+    const Change changes[] = {[](RyvPrmFileDetails& d) { d.setFileName(u"other"); },
         [](RyvPrmFileDetails& d) { d.setFileId(8); },
         [](RyvPrmFileDetails& d) { d.setDescription1(u"other"); },
         [](RyvPrmFileDetails& d) { d.setDescription2(u"other"); },
         [](RyvPrmFileDetails& d) { d.setDescriptions({}); },
         [](RyvPrmFileDetails& d) { d.addDescription(u"other"); },
         [](RyvPrmFileDetails& d) { d.setReferenceOnly(false); },
-        [](RyvPrmFileDetails& d) { d = RyvPrmFileDetails(); },
-    };
+        [](RyvPrmFileDetails& d) { d = RyvPrmFileDetails(); }};
     for (const Change change : changes) {
         const RyvPrmFileDetails original = fullDrawing(u"x");
         RyvPrmFileDetails copy = original;
@@ -189,5 +142,4 @@ TEST(FileDetails, sharedByTwoProjects_areRenamedApart) {
 }
 
 } // namespace
-
 } // namespace ryv::test

@@ -2,7 +2,6 @@
 #include "tests/support/project_fixture.h"
 
 namespace ryv::test {
-
 namespace {
 
 class Writer : public ProjectFixture {
@@ -30,10 +29,6 @@ protected:
     }
 };
 
-TEST_F(Writer, emptyProject_isOneLineFeed) {
-    EXPECT_EQ(written(RyvPrmProjectData()), "\n");
-}
-
 TEST_F(Writer, wholeProject_isWrittenInOrder) {
     RyvPrmProjectData project;
     project.setProjDescriptions({u"A", u"", u"C", u""});
@@ -46,22 +41,11 @@ TEST_F(Writer, wholeProject_isWrittenInOrder) {
     addSubfolder(project, u"Power/None");
     add(project, u"C:\\top.dwg");
     addSubfolder(project, u"End");
-    EXPECT_EQ(written(project), "*[1]A\n*[3]C\n"
-                                "+[1]one\n+[4]\n+[255]last\n"
-                                "?[0]V\n?[63] x\n?[76]\n"
-                                "=one\n==two\n===three\n===four\n====REF\nsub\\x.dwg\n"
-                                "=one\n==two\n===three\n===four\n====REF\n=====SUB=POWER/MOTORS\nD:\\y.dwg\n"
-                                "=====SUB=POWER\nz.dwg\n"
-                                "=====SUB=POWER/NONE[Empty]\n"
-                                "..\\top.dwg\n"
-                                "=====SUB=END[Empty]\n");
-}
-
-TEST_F(Writer, emptySubfolderFirst_hasNoBlankLineInFront) {
-    RyvPrmProjectData project;
-    addSubfolder(project, u"A/B");
-    add(project, u"C:\\P\\x.dwg");
-    EXPECT_EQ(written(project), "=====SUB=A/B[Empty]\nx.dwg\n");
+    EXPECT_EQ(written(project),
+        "*[1]A\n*[3]C\n+[1]one\n+[4]\n+[255]last\n?[0]V\n?[63] x\n?[76]\n"
+        "=one\n==two\n===three\n===four\n====REF\nsub\\x.dwg\n"
+        "=one\n==two\n===three\n===four\n====REF\n=====SUB=POWER/MOTORS\nD:\\y.dwg\n"
+        "=====SUB=POWER\nz.dwg\n=====SUB=POWER/NONE[Empty]\n..\\top.dwg\n=====SUB=END[Empty]\n");
 }
 
 TEST_F(Writer, whatHasNoLine_isLeftOut) {
@@ -74,19 +58,6 @@ TEST_F(Writer, whatHasNoLine_isLeftOut) {
     EXPECT_EQ(written(project), "\n");
 }
 
-TEST_F(Writer, subfolderNames_areWrittenInUpperCase) {
-    RyvPrmProjectData project;
-    addSubfolder(project, u"a")->setName(u"stra\u00DFe \u00E4");
-    project.findSubfolder(u"STRA\u00DFE \u00C4")->add(drawing(u"C:\\P\\x"));
-    EXPECT_EQ(written(project), "=====SUB=STRA\u00DFE \u00C4\nx\n");
-}
-
-TEST_F(Writer, emptyLineOfADescriptionList_isWritten) {
-    RyvPrmProjectData project;
-    add(project, u"C:\\P\\x")->setDescriptions({u"", u"a", u""});
-    EXPECT_EQ(written(project), "===\n===a\n===\nx\n");
-}
-
 struct PathCase {
     CString name;
     std::string relative;
@@ -96,25 +67,19 @@ struct PathCase {
 TEST_F(Writer, paths_areRelativeOrInUpperCase) {
     const CString longTail(250, u'x');
     const CString longName = u"C:\\P\\q\\" + longTail;
-    const PathCase cases[] = {
-        {u"C:\\P\\sub\\x.dwg", "sub\\x.dwg", "C:\\P\\SUB\\X.DWG"},
-        {u"C:\\P\\x.dwg", "x.dwg", "C:\\P\\X.DWG"},
-        {u"c:\\p\\x.dwg", "x.dwg", "C:\\P\\X.DWG"},
-        {u"C:\\x.dwg", "..\\x.dwg", "C:\\X.DWG"},
-        {u"C:\\PQ\\x.dwg", "..\\PQ\\x.dwg", "C:\\PQ\\X.DWG"},
+    const PathCase cases[] = {{u"C:\\P\\sub\\x.dwg", "sub\\x.dwg", "C:\\P\\SUB\\X.DWG"},
+        {u"C:\\P\\x.dwg", "x.dwg", "C:\\P\\X.DWG"}, {u"c:\\p\\x.dwg", "x.dwg", "C:\\P\\X.DWG"},
+        {u"C:\\x.dwg", "..\\x.dwg", "C:\\X.DWG"}, {u"C:\\PQ\\x.dwg", "..\\PQ\\x.dwg", "C:\\PQ\\X.DWG"},
         {u"D:\\P\\x.dwg", "D:\\P\\x.dwg", "D:\\P\\X.DWG"},
-        {u"\\\\s\\h\\x.dwg", "\\\\s\\h\\x.dwg", "\\\\S\\H\\X.DWG"},
-        {u"\\x.dwg", "\\x.dwg", "\\X.DWG"},
-        {u"sub\\x.dwg", "C:\\P\\sub\\x.dwg", "C:\\P\\SUB\\X.DWG"},
-        {u"C:x.dwg", "C:x.dwg", "C:X.DWG"},
+        {u"\\\\s\\h\\x.dwg", "\\\\s\\h\\x.dwg", "\\\\S\\H\\X.DWG"}, {u"\\x.dwg", "\\x.dwg", "\\X.DWG"},
+        {u"sub\\x.dwg", "C:\\P\\sub\\x.dwg", "C:\\P\\SUB\\X.DWG"}, {u"C:x.dwg", "C:x.dwg", "C:X.DWG"},
         {u"C:\\P\\D:x.dwg", "C:\\P\\D:x.dwg", "C:\\P\\D:X.DWG"},
         {u"C:\\P\\\\x.dwg", "C:\\P\\\\x.dwg", "C:\\P\\\\X.DWG"},
         {u"C:\\P\\q\\" + CString(252, u'x'), "q\\" + std::string(252, 'x'),
             "C:\\P\\Q\\" + std::string(252, 'X')},
         {u"C:\\P\\q\\" + CString(253, u'x'), "C:\\P\\q\\" + std::string(253, 'x'),
             "C:\\P\\Q\\" + std::string(253, 'X')},
-        {CString(300, u'x'), std::string(300, 'x'), std::string(300, 'X')},
-    };
+        {CString(300, u'x'), std::string(300, 'x'), std::string(300, 'X')}};
     for (const PathCase& each : cases) {
         EXPECT_EQ(writtenPath(each.name), each.relative + "\n") << shown(each.name);
         EXPECT_EQ(writtenPath(each.name, false), each.absolute + "\n") << shown(each.name);
@@ -122,20 +87,10 @@ TEST_F(Writer, paths_areRelativeOrInUpperCase) {
 }
 
 TEST_F(Writer, pathsThatReadAsAnotherKindOfLine_areQuoted) {
-    const std::pair<CString, std::string> cases[] = {
-        {u"=odd.dwg", "\"=odd.dwg"},
-        {u"\"x.dwg", "\"\"x.dwg"},
-        {u" x.dwg", "\" x.dwg"},
-        {u"\u00A0x", "\"\u00A0x"},
-        {u"*[1]x", "\"*[1]x"},
-        {u"+[x", "\"+[x"},
-        {u"?[0]", "\"?[0]"},
-        {u"*x", "*x"},
-        {u"[1]x", "[1]x"},
-        {u"![1]x", "![1]x"},
-        {u"x=[1]", "x=[1]"},
-        {u"*", "*"},
-    };
+    const std::pair<CString, std::string> cases[] = {{u"=odd.dwg", "\"=odd.dwg"}, {u"\"x.dwg", "\"\"x.dwg"},
+        {u" x.dwg", "\" x.dwg"}, {u"\u00A0x", "\"\u00A0x"}, {u"*[1]x", "\"*[1]x"}, {u"+[x", "\"+[x"},
+        {u"?[0]", "\"?[0]"}, {u"*x", "*x"}, {u"[1]x", "[1]x"}, {u"![1]x", "![1]x"}, {u"x=[1]", "x=[1]"},
+        {u"*", "*"}};
     for (const auto& [name, line] : cases)
         EXPECT_EQ(writtenPath(u"C:\\P\\" + name), line + "\n") << shown(name);
 }
@@ -172,56 +127,5 @@ TEST_F(Writer, openForReadingOnly_isError4) {
     EXPECT_EQ(files.get(path), "x.dwg\n");
 }
 
-/// Every single file operation of a save fails once: the old file is whole or the new one is, never anything
-/// else.
-TEST_F(Writer, failureOfAnyFileOperation_isReportedAndLeavesAWholeFile) {
-    RyvPrmProjectData project;
-    add(project, u"C:\\P\\new.dwg");
-    std::size_t reported = 0;
-    for (std::size_t number = 1;; ++number) {
-        files.put(path, "old.dwg\n");
-        FaultFiles faulty(files);
-        ScriptedPlatform inner(&faulty);
-        RyvPrmKQPFiler filer(path, true, true);
-        ASSERT_TRUE(filer.isOpenForWriting());
-        faulty.arm({FileError::io, number, std::nullopt, false, false});
-        const bool done = filer.writeProject(project);
-        if (!faulty.fired())
-            break;
-        const std::string content = files.get(path).value_or("gone");
-        EXPECT_TRUE(content == "old.dwg\n" || content == "new.dwg\n") << number << ": " << content;
-        EXPECT_EQ(done, filer.getLastError() == 0) << number;
-        if (!done) {
-            ++reported;
-            EXPECT_EQ(filer.getLastError(), RyvPmUtilsKQPFiler::cannotWrite) << number;
-            EXPECT_EQ(filer.lastStatus().error, FileError::io) << number;
-            EXPECT_FALSE(filer.lastFile().empty()) << number;
-        } else {
-            EXPECT_EQ(content, "new.dwg\n") << number;
-        }
-        ASSERT_LT(number, 100u);
-    }
-    EXPECT_GE(reported, 8u);
-}
-
-TEST_F(Writer, fullDisk_leavesTheOldFile) {
-    files.put(path, "old.dwg\n");
-    FaultFiles faulty(files);
-    ScriptedPlatform inner(&faulty);
-    RyvPrmProjectData project;
-    add(project, u"C:\\P\\new.dwg");
-    RyvPrmKQPFiler filer(path, true, true);
-    faulty.limitSpace(4);
-    EXPECT_FALSE(filer.writeProject(project));
-    EXPECT_EQ(filer.getLastError(), RyvPmUtilsKQPFiler::cannotWrite);
-    EXPECT_EQ(filer.lastStatus().error, FileError::noSpace);
-    EXPECT_EQ(files.get(path), "old.dwg\n");
-    EXPECT_EQ(files.paths(), CStringArray{path}) << "no temporary file";
-    faulty.limitSpace(1000);
-    EXPECT_TRUE(filer.writeProject(project)) << "and the next attempt succeeds";
-    EXPECT_EQ(files.get(path), "new.dwg\n");
-}
-
 } // namespace
-
 } // namespace ryv::test

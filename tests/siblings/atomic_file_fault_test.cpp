@@ -2,7 +2,6 @@
 #include "tests/siblings/save_fixture.h"
 
 namespace ryv::test {
-
 namespace {
 
 const std::string oldContent = "the old content";
@@ -55,23 +54,11 @@ void AtomicFileFault::failEveryCall(Fault fault, bool overOld, bool guarded) {
     }
 }
 
-TEST_F(AtomicFileFault, everyCall_failsOverAnOldFile_isReportedAndLeavesOldOrNew) {
+TEST_F(AtomicFileFault, everyCall_failsInTurn_isReportedAndLeavesOldOrNew) {
     for (const FileError error : {FileError::noSpace, FileError::io, FileError::denied}) {
         SCOPED_TRACE(describe(error));
         failEveryCall({.error = error}, true, false);
-    }
-}
-
-TEST_F(AtomicFileFault, everyCall_failsWithTheGuard_isReportedAndLeavesOldOrNew) {
-    for (const FileError error : {FileError::noSpace, FileError::io, FileError::denied}) {
-        SCOPED_TRACE(describe(error));
         failEveryCall({.error = error}, true, true);
-    }
-}
-
-TEST_F(AtomicFileFault, everyCall_failsForANewFile_isReportedAndLeavesNothingOrNew) {
-    for (const FileError error : {FileError::noSpace, FileError::io, FileError::denied}) {
-        SCOPED_TRACE(describe(error));
         failEveryCall({.error = error}, false, false);
     }
 }
@@ -100,25 +87,6 @@ TEST_F(AtomicFileFault, writesWithoutProgress_areAnError) {
     EXPECT_EQ(save("x").status.error, FileError::io);
     EXPECT_EQ(folder.read("A.kqp"), oldContent);
     EXPECT_EQ(folder.names(), only("A.kqp"));
-}
-
-TEST_F(AtomicFileFault, failingClose_isReportedAndTheNewFileIsWhole) {
-    folder.write("A.kqp", oldContent);
-    files.arm({.error = FileError::noSpace, .kind = FileCall::close});
-    const SaveResult result = save(newContent);
-    EXPECT_EQ(result.status.error, FileError::noSpace);
-    EXPECT_TRUE(result.replaced);
-    EXPECT_EQ(folder.read("A.kqp"), newContent);
-}
-
-TEST_F(AtomicFileFault, failingSyncFolder_isReportedAndTheNewFileIsWhole) {
-    folder.write("A.kqp", oldContent);
-    files.arm({.kind = FileCall::syncFolder});
-    const SaveResult result = save(newContent);
-    EXPECT_EQ(result.status.error, FileError::io);
-    EXPECT_EQ(result.file, folder.module());
-    EXPECT_TRUE(result.replaced);
-    EXPECT_EQ(folder.read("A.kqp"), newContent);
 }
 
 TEST_F(AtomicFileFault, foldersThatCannotBeSynced_areNoFailure) {
@@ -167,5 +135,4 @@ TEST_F(AtomicFileFault, fileSystemWithoutLocks_neverTakesATemporaryFileForFree) 
 }
 
 } // namespace
-
 } // namespace ryv::test

@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 namespace ryv::test {
-
 namespace {
 
 /// Lets a test write whatever content it likes.
@@ -29,15 +28,6 @@ protected:
     Filer filer{files};
 };
 
-TEST_F(KqpFiler, beforeAnythingIsOpen_operationsAreError2) {
-    EXPECT_EQ(filer.getLastError(), 0);
-    EXPECT_FALSE(filer.isOpen());
-    EXPECT_FALSE(filer.readProject());
-    EXPECT_EQ(filer.getLastError(), 2);
-    EXPECT_FALSE(filer.CleanupProjectData());
-    EXPECT_EQ(filer.getLastError(), 2);
-}
-
 TEST_F(KqpFiler, openForReading_needsAFile) {
     EXPECT_FALSE(filer.openProject(path, false));
     EXPECT_EQ(filer.getLastError(), Error::cannotOpen);
@@ -56,18 +46,9 @@ TEST_F(KqpFiler, openForReading_needsAFile) {
     EXPECT_EQ(filer.projectPath(), path) << "still known";
 }
 
-TEST_F(KqpFiler, openForWriting_needsNoFileAndChangesNothing) {
-    EXPECT_TRUE(filer.openProject(path, true));
-    EXPECT_TRUE(filer.isOpenForWriting());
-    EXPECT_TRUE(files.paths().empty());
-    EXPECT_TRUE(filer.commit("new\n"));
-    EXPECT_EQ(files.get(path), "new\n");
-    EXPECT_EQ(files.paths(), CStringArray{path});
-}
-
 TEST_F(KqpFiler, openForWriting_refusesWhatCannotBeReplaced) {
     files.put(path, "x\n");
-    files.setReadOnly(path, true);
+    files.setReadOnly(path);
     EXPECT_FALSE(filer.openProject(path, true));
     EXPECT_EQ(filer.getLastError(), Error::cannotOpen);
     EXPECT_EQ(filer.lastStatus().error, FileError::readOnly);
@@ -124,14 +105,9 @@ TEST_F(KqpFiler, changedBetweenOpenAndWrite_keepsTheOthersContent) {
         std::optional<std::string> meanwhile;
         bool written;
     };
-    const Case cases[] = {
-        {"untouched", "a\n", "a\n", true},
-        {"changed", "a\n", "b\n", false},
-        {"same size", "ab\n", "ba\n", false},
-        {"made", std::nullopt, "b\n", false},
-        {"removed", "a\n", std::nullopt, false},
-        {"made empty", std::nullopt, "", false},
-    };
+    const Case cases[] = {{"untouched", "a\n", "a\n", true}, {"changed", "a\n", "b\n", false},
+        {"same size", "ab\n", "ba\n", false}, {"made", std::nullopt, "b\n", false},
+        {"removed", "a\n", std::nullopt, false}, {"made empty", std::nullopt, "", false}};
     for (const Case& each : cases) {
         files.erase(path);
         if (each.before)
@@ -158,17 +134,6 @@ TEST_F(KqpFiler, severalWrites_knowTheirOwn) {
     EXPECT_EQ(files.get(path), "theirs\n");
 }
 
-TEST_F(KqpFiler, anotherFile_isJudgedByItself) {
-    files.put(path, "x\n");
-    files.put(u"C:\\P\\b.kqp", "\xE4\n");
-    Filer writer(files, path, true);
-    ASSERT_TRUE(writer.readProject());
-    ASSERT_TRUE(writer.openProject(u"C:\\P\\b.kqp", true));
-    EXPECT_EQ(writer.encoding(), TextEncoding::windows1252);
-    EXPECT_TRUE(writer.commit("y\n"));
-    EXPECT_EQ(files.get(path), "x\n");
-}
-
 // -- The encoding of what is written.
 
 struct EncodingCase {
@@ -181,8 +146,7 @@ struct EncodingCase {
 TEST_F(KqpFiler, content_isWrittenInTheEncodingRead) {
     using namespace std::string_literals;
     const CString lone(1, char16_t{0xD800});
-    const EncodingCase cases[] = {
-        {"plain", "x\n", u"\u00E4\n", "\xC3\xA4\n"},
+    const EncodingCase cases[] = {{"plain", "x\n", u"\u00E4\n", "\xC3\xA4\n"},
         {"no file", "", u"\u00E4\n", "\xC3\xA4\n"},
         {"with mark", "\xEF\xBB\xBFx\n", u"\u00E4\n", "\xEF\xBB\xBF\xC3\xA4\n"},
         {"with mark, empty", "\xEF\xBB\xBF", u"\n", "\xEF\xBB\xBF\n"},
@@ -201,8 +165,7 @@ TEST_F(KqpFiler, content_isWrittenInTheEncodingRead) {
         {"mark as text", "x\n", u"\uFEFFx\n", "\xEF\xBB\xBF\xEF\xBB\xBFx\n"},
         {"mark as text behind a mark", "\xEF\xBB\xBFx\n", u"\uFEFFx\n", "\xEF\xBB\xBF\xEF\xBB\xBFx\n"},
         {"mark as text in 16", "\xFF\xFE", u"\uFEFFx", "\xFF\xFE\xFF\xFEx\0"s},
-        {"NUL", "x\n", CString(u"a\0b", 3), "a\0b"s},
-    };
+        {"NUL", "x\n", CString(u"a\0b", 3), "a\0b"s}};
     for (const EncodingCase& each : cases) {
         files.put(path, each.before);
         Filer writer(files, path, true);
@@ -212,15 +175,6 @@ TEST_F(KqpFiler, content_isWrittenInTheEncodingRead) {
         EXPECT_EQ(decode(std::string_view(each.after).substr(markLength(found)), found), each.text)
             << each.name;
     }
-}
-
-TEST_F(KqpFiler, encodingThatMoved_staysMoved) {
-    files.put(path, "\xE4\n");
-    Filer writer(files, path, true);
-    EXPECT_TRUE(writer.commit(toUtf8(u"\u03A9\n")));
-    EXPECT_EQ(writer.encoding(), TextEncoding::utf8WithMark);
-    EXPECT_TRUE(writer.commit("x\n"));
-    EXPECT_EQ(files.get(path), "\xEF\xBB\xBFx\n");
 }
 
 TEST_F(KqpFiler, failedWrite_keepsTheEncoding) {
@@ -274,15 +228,6 @@ TEST_F(KqpFiler, failingStore_isToldThoughTheProjectIsWritten) {
     EXPECT_TRUE(files.get(storePath).has_value()) << "made good with the next write";
 }
 
-TEST_F(KqpFiler, failedProjectWrite_leavesTheStoreAlone) {
-    files.put(path, "mine\n");
-    Filer writer(files, path, true);
-    writer.AddFile(u"C:\\P\\x.dwg");
-    files.put(path, "theirs\n");
-    EXPECT_FALSE(writer.commit("x.dwg\n"));
-    EXPECT_FALSE(files.get(storePath).has_value());
-}
-
 TEST_F(KqpFiler, cleanup_forgetsWhatTheProjectDoesNotList) {
     files.put(path, "=odd\nx.dwg\n sub/Y.dwg \n\"=z.dwg\n");
     files.put(storePath, "RYPX 1\nnext=9\nid=1\tx.dwg\nid=2\tgone.dwg\nid=3\tsub\\y.dwg\nid=4\t=z.dwg\n");
@@ -296,5 +241,4 @@ TEST_F(KqpFiler, cleanup_forgetsWhatTheProjectDoesNotList) {
 }
 
 } // namespace
-
 } // namespace ryv::test

@@ -9,7 +9,6 @@
 #include <algorithm>
 
 namespace ryv::test {
-
 namespace {
 
 class Sections : public ::testing::Test {
@@ -52,40 +51,6 @@ TEST_F(Sections, lineNumbers_countEveryLineOfTheFile) {
     EXPECT_EQ(sections.settingLine(6), 0u);
 }
 
-TEST_F(Sections, bracketsWithBlanks_areRead) {
-    load("*[ 1 ]x\n+[\t7]y\n?[076]z\n");
-    EXPECT_EQ(sections.descriptionLines(), CStringList{u"x"});
-    EXPECT_EQ(sections.settings(), (std::map<int, CString>{{76, u"z"}}));
-    EXPECT_TRUE(recorder.findings.empty());
-}
-
-TEST_F(Sections, secondLoad_forgetsTheFirst) {
-    load("*[1]a\n+[1]m\n?[0]s\nx\n");
-    load("y\n*[2]b");
-    EXPECT_EQ(drawingLines(), Lines{u"y"});
-    EXPECT_EQ(sections.descriptionLines(), (CStringList{u"", u"b"}));
-    EXPECT_TRUE(sections.settings().empty());
-    sections.clear();
-    EXPECT_EQ(drawingLines(), Lines{});
-    EXPECT_TRUE(sections.descriptionLines().empty());
-}
-
-TEST_F(Sections, marks_areNoText) {
-    using namespace std::string_literals;
-    const std::pair<std::string, TextEncoding> files[] = {{"x", TextEncoding::utf8},
-        {"\xEF\xBB\xBFx", TextEncoding::utf8WithMark}, {"\xFF\xFEx\0"s, TextEncoding::utf16LittleEndian},
-        {"\xFE\xFF\0x"s, TextEncoding::utf16BigEndian}};
-    for (const auto& [bytes, encoding] : files) {
-        load(bytes);
-        EXPECT_EQ(drawingLines(), Lines{u"x"}) << encodingName(encoding);
-        EXPECT_EQ(sections.encoding(), encoding) << encodingName(encoding);
-    }
-    for (const std::string bytes : {"", "\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF"}) {
-        load(bytes);
-        EXPECT_EQ(drawingLines(), Lines{}) << bytes.size();
-    }
-}
-
 TEST_F(Sections, lineFeedsNextToBytesOfOtherCharacters_areFound) {
     load("\xC3\xA4\n\xE2\x82\xAC\r\n\xF0\x9F\x98\x80\nx");
     EXPECT_EQ(drawingLines(), (Lines{u"\u00E4", u"\u20AC", u"\U0001F600", u"x"}));
@@ -94,13 +59,6 @@ TEST_F(Sections, lineFeedsNextToBytesOfOtherCharacters_areFound) {
     load("\xEF\xBB\xBF\xFF\n\xC3\n\xA4");
     EXPECT_EQ(drawingLines(),
         (Lines{CString(1, char16_t{0xDCFF}), CString(1, char16_t{0xDCC3}), CString(1, char16_t{0xDCA4})}));
-}
-
-TEST_F(Sections, descriptionNumbers_haveALimit) {
-    load("*[65536]x");
-    EXPECT_EQ(sections.descriptionLines().size(), 65536u);
-    load("*[65537]x");
-    EXPECT_TRUE(sections.descriptionLines().empty());
 }
 
 // -- The records and services that the sections are read into and with.
@@ -127,30 +85,6 @@ TEST(MiscProjSettings, indices_goFromOneToTheLargest) {
     EXPECT_EQ(misc.values(), (std::map<int, CString>{{1, u"x"}}));
 }
 
-TEST(MiscProjSettings, comparison_tellsEmptyFromAbsentAndCase) {
-    RyvPmMiscProjSettings one;
-    RyvPmMiscProjSettings two;
-    EXPECT_TRUE(one == two);
-    const CString values[] = {u"", u"a", u"A"};
-    for (const CString& value : values) {
-        two.setValue(7, &value);
-        EXPECT_TRUE(one != two);
-        one = two;
-        EXPECT_TRUE(one == two);
-    }
-}
-
-TEST(MiscProjSettings, numbers_areWhatTheTextBeginsWith) {
-    const std::pair<CString, int> cases[] = {{u"12", 12}, {u" -3x", -3}, {u"x", 0}, {u"", 0}, {u"+8", 8},
-        {u"99999999999", 2147483647}, {u"-99999999999", -2147483647 - 1}};
-    for (const auto& [text, number] : cases) {
-        RyvPmMiscProjSettings misc;
-        EXPECT_EQ(misc.getInteger(5), 0);
-        misc.setValue(5, &text);
-        EXPECT_EQ(misc.getInteger(5), number) << shown(text);
-    }
-}
-
 TEST(Token, getToken_takesOneItemOffTheFront) {
     CString text = u" a ,b,, c ";
     CString token = u"before";
@@ -170,5 +104,4 @@ TEST(Token, listItems_areTrimmed) {
 }
 
 } // namespace
-
 } // namespace ryv::test

@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 namespace ryv::test {
-
 namespace {
 
 class RypxFiler : public ::testing::Test {
@@ -20,13 +19,6 @@ protected:
     const CString store = u"C:\\P\\a.rypx";
     MemoryFiles files;
 };
-
-TEST_F(RypxFiler, store_isNamedLikeTheProject) {
-    const std::pair<CString, CString> names[] = {{u"C:\\P\\a.kqp", u"C:\\P\\a.rypx"},
-        {u"C:\\P.x\\a", u"C:\\P.x\\a.rypx"}, {u"C:\\P\\a.b.KQP", u"C:\\P\\a.b.rypx"}};
-    for (const auto& [name, expected] : names)
-        EXPECT_EQ(RyvPmUtilsRypxFiler::storePathFor(name), expected);
-}
 
 TEST_F(RypxFiler, readingAndSavingWithoutAChange_makesNoStore) {
     RyvPmUtilsRypxFiler one(files, project);
@@ -135,20 +127,10 @@ TEST_F(RypxFiler, oddNames_comeBack) {
 }
 
 TEST_F(RypxFiler, damagedStore_isNeitherUsedNorOverwritten) {
-    const std::string contents[] = {
-        "",
-        "RYPX 2\nnext=1\n",
-        "RYPX 1\r\nnext=1\r\n",
-        "RYPX 1\nid=0\tx.dwg\n",
-        "RYPX 1\nid=-4\tx.dwg\n",
-        "RYPX 1\nid=2147483648\tx.dwg\n",
-        "RYPX 1\nid=x\tx.dwg\n",
-        "RYPX 1\nid=5 x.dwg\n",
-        "RYPX 1\nnext=\n",
-        "RYPX 1\nlocal=a\n",
-        "RYPX 1\nid=5\tx.dwg\nwhatever\n",
-        "RYPX 1\nid=5\tx.dwg\nlater=1\n",
-    };
+    const std::string contents[] = {"", "RYPX 2\nnext=1\n", "RYPX 1\r\nnext=1\r\n", "RYPX 1\nid=0\tx.dwg\n",
+        "RYPX 1\nid=-4\tx.dwg\n", "RYPX 1\nid=2147483648\tx.dwg\n", "RYPX 1\nid=x\tx.dwg\n",
+        "RYPX 1\nid=5 x.dwg\n", "RYPX 1\nnext=\n", "RYPX 1\nlocal=a\n", "RYPX 1\nid=5\tx.dwg\nwhatever\n",
+        "RYPX 1\nid=5\tx.dwg\nlater=1\n"};
     for (const std::string& content : contents) {
         files.put(store, content);
         RyvPmUtilsRypxFiler one(files, project);
@@ -227,5 +209,4 @@ TEST_F(RypxFiler, failedSave_isTriedAgainByTheNext) {
 }
 
 } // namespace
-
 } // namespace ryv::test

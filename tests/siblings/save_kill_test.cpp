@@ -11,7 +11,6 @@
 #include <unistd.h>
 
 namespace ryv::test {
-
 namespace {
 
 constexpr int kills = 1000;
@@ -175,5 +174,4 @@ TEST_F(SaveKill, twoProcessesEditingOneFile_loseNoUpdate) {
 }
 
 } // namespace
-
 } // namespace ryv::test

@@ -3,6 +3,8 @@
 
 #include "platform/os/files.h"
 
+#include <algorithm>
+#include <functional>
 #include <limits>
 #include <optional>
 #include <vector>
@@ -41,36 +43,99 @@ public:
     FaultFiles(const FaultFiles&) = delete;
     FaultFiles& operator=(const FaultFiles&) = delete;
 
-    void arm(const Fault& fault);
-    void disarm();
+    void arm(const Fault& fault) {
+        disarm();
+        fault_ = fault;
+        calls_.clear();
+    }
+    void disarm() {
+        fault_.reset();
+        seen_ = 0;
+        fired_ = false;
+    }
     bool fired() const noexcept { return fired_; }
-
     /// From now on the disk takes so many more bytes: the write that meets the end is short, the next one
     /// fails.
     void limitSpace(std::size_t bytes) noexcept { space_ = bytes; }
-
     /// The calls since arm() or the start, in order.
     const std::vector<FileCall>& calls() const noexcept { return calls_; }
+    /// Runs in front of each call.
+    std::function<void(FileCall)> watch = [](FileCall) {};
 
-    FileStatus open(CStringView path, OpenMode mode, FileHandle& handle) override;
-    FileStatus read(FileHandle handle, std::span<char> buffer, std::size_t& count) override;
-    FileStatus write(FileHandle handle, std::string_view bytes, std::size_t& count) override;
-    FileStatus truncate(FileHandle handle, std::uint64_t size) override;
-    FileStatus sync(FileHandle handle) override;
-    FileStatus close(FileHandle handle) override;
-    FileStatus rename(CStringView from, CStringView to) override;
-    FileStatus remove(CStringView path) override;
-    FileStatus syncFolder(CStringView folder) override;
-    FileStatus information(CStringView path, FileInformation& information) override;
-    FileStatus information(FileHandle handle, FileInformation& information) override;
-    FileStatus lock(FileHandle handle, std::chrono::milliseconds patience) override;
-    FileStatus copyAttributes(CStringView from, FileHandle to) override;
-    FileStatus resolve(CStringView path, CString& resolved) override;
+    FileStatus open(CStringView path, OpenMode mode, FileHandle& handle) override {
+        handle = FileHandle::none;
+        return pass(FileCall::open, [&] { return real_->open(path, mode, handle); });
+    }
+    FileStatus read(FileHandle handle, std::span<char> buffer, std::size_t& count) override {
+        count = 0;
+        return pass(FileCall::read, [&] { return real_->read(handle, buffer, count); });
+    }
+    FileStatus write(FileHandle handle, std::string_view bytes, std::size_t& count) override {
+        count = 0;
+        const bool due = isDue(FileCall::write);
+        if (due && !fault_->shortWrite)
+            return {fault_->error, 0};
+        if (space_ == 0 && !bytes.empty())
+            return {FileError::noSpace, 0};
+        const std::size_t size = due ? bytes.size() / 2 : bytes.size();
+        const FileStatus status = real_->write(handle, bytes.substr(0, std::min(size, space_)), count);
+        space_ -= count;
+        return status;
+    }
+    FileStatus close(FileHandle handle) override {
+        const bool due = isDue(FileCall::close);
+        const FileStatus status = real_->close(handle);
+        return due ? FileStatus{fault_->error, 0} : status;
+    }
+    FileStatus truncate(FileHandle handle, std::uint64_t size) override {
+        return pass(FileCall::truncate, [&] { return real_->truncate(handle, size); });
+    }
+    FileStatus sync(FileHandle handle) override {
+        return pass(FileCall::sync, [&] { return real_->sync(handle); });
+    }
+    FileStatus rename(CStringView from, CStringView to) override {
+        return pass(FileCall::rename, [&] { return real_->rename(from, to); });
+    }
+    FileStatus remove(CStringView path) override {
+        return pass(FileCall::remove, [&] { return real_->remove(path); });
+    }
+    FileStatus syncFolder(CStringView folder) override {
+        return pass(FileCall::syncFolder, [&] { return real_->syncFolder(folder); });
+    }
+    FileStatus information(CStringView path, FileInformation& found) override {
+        return pass(FileCall::information, [&] { return real_->information(path, found); });
+    }
+    FileStatus information(FileHandle handle, FileInformation& found) override {
+        return pass(FileCall::information, [&] { return real_->information(handle, found); });
+    }
+    FileStatus lock(FileHandle handle, std::chrono::milliseconds patience) override {
+        return pass(FileCall::lock, [&] { return real_->lock(handle, patience); });
+    }
+    FileStatus copyAttributes(CStringView from, FileHandle to) override {
+        return pass(FileCall::copyAttributes, [&] { return real_->copyAttributes(from, to); });
+    }
+    FileStatus resolve(CStringView path, CString& resolved) override {
+        return pass(FileCall::resolve, [&] { return real_->resolve(path, resolved); });
+    }
 
 private:
-    bool isDue(FileCall call);
+    /// Counts a call, and says whether it is one that has to fail.
+    bool isDue(FileCall call) {
+        watch(call);
+        calls_.push_back(call);
+        const bool wrongKind =
+            fault_ && (fault_->kind ? *fault_->kind != call : fault_->shortWrite && call != FileCall::write);
+        if (!fault_ || wrongKind)
+            return false;
+        ++seen_;
+        const bool due = seen_ == fault_->number || (fault_->lasting && seen_ > fault_->number);
+        fired_ = fired_ || due;
+        return due;
+    }
     template <class Forward>
-    FileStatus pass(FileCall call, Forward forward);
+    FileStatus pass(FileCall call, Forward forward) {
+        return isDue(call) ? FileStatus{fault_->error, 0} : forward();
+    }
 
     Files* real_;
     std::optional<Fault> fault_;

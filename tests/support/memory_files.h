@@ -1,54 +1,143 @@
 // A files port without a disk: fast, and every file at hand for the test.
 #pragma once
 
+#include "base/fold.h"
 #include "platform/os/files.h"
 
+#include <algorithm>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace ryv::test {
 
 /// Names are found without regard to case. Every folder exists; one that a file lies in is told from a
-/// missing file. Time moves on by one step with each change. Locks never wait.
+/// missing file. Time moves on by one step with each change. Locks are always had; a handle that is not open
+/// throws.
 class MemoryFiles final : public Files {
 public:
-    /// The test's own hands, beside the port: no handles, no locks.
-    void put(CStringView path, std::string bytes);
-    std::optional<std::string> get(CStringView path) const;
-    void erase(CStringView path);
-    void setReadOnly(CStringView path, bool readOnly);
+    /// The test's own hands, beside the port.
+    void put(CStringView path, std::string bytes) {
+        File& file = find(path) ? *find(path) : make(path);
+        file.bytes = std::move(bytes);
+        file.information.modifiedNanoseconds = now_ += clockStep;
+    }
+    std::optional<std::string> get(CStringView path) const {
+        const auto file = find(path);
+        return file ? std::optional(file->bytes) : std::nullopt;
+    }
+    void erase(CStringView path) { entries_.erase(toUpper(path)); }
+    void setReadOnly(CStringView path) { find(path)->information.readOnly = true; }
     /// Moves all files of one folder into another, under the names that they have.
-    void moveFolder(CStringView from, CStringView to);
-
-    /// The paths of all files as they are spelled, sorted.
-    CStringArray paths() const;
+    void moveFolder(CStringView from, CStringView to) {
+        std::map<CString, Entry> moved;
+        for (auto& [key, entry] : entries_) {
+            CString path = entry.path;
+            if (equalNoCase(CStringView(path).substr(0, from.size()), from))
+                path.replace(0, from.size(), to);
+            moved[toUpper(path)] = {path, std::move(entry.file)};
+        }
+        entries_.swap(moved);
+    }
+    /// The paths of all files as they are spelled, in the order of their names.
+    CStringArray paths() const {
+        CStringArray paths;
+        for (const auto& [key, entry] : entries_)
+            paths.push_back(entry.path);
+        return paths;
+    }
     std::size_t openHandles() const noexcept { return handles_.size(); }
 
-    FileStatus open(CStringView path, OpenMode mode, FileHandle& handle) override;
-    FileStatus read(FileHandle handle, std::span<char> buffer, std::size_t& count) override;
-    FileStatus write(FileHandle handle, std::string_view bytes, std::size_t& count) override;
-    FileStatus truncate(FileHandle handle, std::uint64_t size) override;
-    FileStatus sync(FileHandle handle) override;
-    FileStatus close(FileHandle handle) override;
-    FileStatus rename(CStringView from, CStringView to) override;
-    FileStatus remove(CStringView path) override;
-    FileStatus syncFolder(CStringView folder) override;
-    FileStatus information(CStringView path, FileInformation& information) override;
-    FileStatus information(FileHandle handle, FileInformation& information) override;
-    FileStatus lock(FileHandle handle, std::chrono::milliseconds patience) override;
-    FileStatus copyAttributes(CStringView from, FileHandle to) override;
-    FileStatus resolve(CStringView path, CString& resolved) override;
+    FileStatus open(CStringView path, OpenMode mode, FileHandle& handle) override {
+        handle = FileHandle::none;
+        const bool makes = mode == OpenMode::openOrCreate || mode == OpenMode::createExclusive;
+        const auto file = find(path);
+        if (isFolder(path))
+            return {FileError::isFolder, 0};
+        if (file && mode == OpenMode::createExclusive)
+            return {FileError::exists, 0};
+        if (file && file->information.readOnly && mode != OpenMode::read)
+            return {FileError::readOnly, 0};
+        if (!file && !makes)
+            return {FileError::missing, 0};
+        if (!file)
+            make(path);
+        handle = static_cast<FileHandle>(nextHandle_++);
+        handles_[handle] = {find(path), 0, mode != OpenMode::read};
+        return {};
+    }
+    FileStatus read(FileHandle handle, std::span<char> buffer, std::size_t& count) override {
+        Open& open = handles_.at(handle);
+        const std::string& bytes = open.file->bytes;
+        count = std::min(buffer.size(), bytes.size() - std::min(open.position, bytes.size()));
+        std::copy_n(bytes.data() + open.position, count, buffer.data());
+        open.position += count;
+        return {};
+    }
+    FileStatus write(FileHandle handle, std::string_view bytes, std::size_t& count) override {
+        Open& open = handles_.at(handle);
+        count = open.writable ? bytes.size() : 0;
+        if (!open.writable)
+            return {FileError::denied, 0};
+        std::string& content = open.file->bytes;
+        content.resize(std::max(content.size(), open.position + count));
+        std::copy(bytes.begin(), bytes.end(), content.data() + open.position);
+        open.position += count;
+        open.file->information.modifiedNanoseconds = now_ += clockStep;
+        return {};
+    }
+    FileStatus truncate(FileHandle handle, std::uint64_t size) override {
+        Open& open = handles_.at(handle);
+        open.file->bytes.resize(static_cast<std::size_t>(size));
+        open.file->information.modifiedNanoseconds = now_ += clockStep;
+        open.position = 0;
+        return {};
+    }
+    FileStatus sync(FileHandle) override { return {}; }
+    FileStatus syncFolder(CStringView) override { return {}; }
+    FileStatus lock(FileHandle, std::chrono::milliseconds) override { return {}; }
+    FileStatus close(FileHandle handle) override {
+        return {handles_.erase(handle) == 1 ? FileError::none : FileError::other, 0};
+    }
+    FileStatus rename(CStringView from, CStringView to) override {
+        const auto file = find(from);
+        if (!file)
+            return {FileError::missing, 0};
+        erase(from);
+        entries_[toUpper(to)] = {CString(to), file};
+        return {};
+    }
+    FileStatus remove(CStringView path) override {
+        return {entries_.erase(toUpper(path)) == 1 ? FileError::none : FileError::missing, 0};
+    }
+    FileStatus information(CStringView path, FileInformation& found) override {
+        found = {};
+        found.isFolder = isFolder(path);
+        if (const auto file = find(path))
+            describe(*file, found);
+        return {found.isFolder || found.isRegular ? FileError::none : FileError::missing, 0};
+    }
+    FileStatus information(FileHandle handle, FileInformation& found) override {
+        describe(*handles_.at(handle).file, found);
+        return {};
+    }
+    FileStatus copyAttributes(CStringView from, FileHandle to) override {
+        handles_.at(to).file->information.readOnly = find(from)->information.readOnly;
+        return {};
+    }
+    FileStatus resolve(CStringView path, CString& resolved) override {
+        const auto hit = entries_.find(toUpper(path));
+        resolved = hit == entries_.end() ? CString(path) : hit->second.path;
+        return {};
+    }
 
 private:
+    static constexpr std::int64_t clockStep = 1'000'000; // nanoseconds
+
     struct File {
         std::string bytes;
-        std::uint64_t inode = 0;
-        std::int64_t modified = 0;
-        bool readOnly = false;
-        FileHandle lockedBy = FileHandle::none;
+        FileInformation information;
     };
     struct Entry {
         CString path; // as spelled
@@ -60,11 +149,28 @@ private:
         bool writable = false;
     };
 
-    std::shared_ptr<File> find(CStringView path) const;
-    std::shared_ptr<File> make(CStringView path);
-    bool isFolder(CStringView path) const;
-    Open* opened(FileHandle handle);
-    void describe(const File& file, FileInformation& information) const;
+    std::shared_ptr<File> find(CStringView path) const {
+        const auto hit = entries_.find(toUpper(path));
+        return hit == entries_.end() ? nullptr : hit->second.file;
+    }
+    File& make(CStringView path) {
+        const auto file = std::make_shared<File>();
+        file->information.device = 1;
+        file->information.inode = nextInode_++;
+        file->information.modifiedNanoseconds = now_ += clockStep;
+        file->information.isRegular = true;
+        entries_[toUpper(path)] = {CString(path), file};
+        return *file;
+    }
+    bool isFolder(CStringView path) const {
+        const CString prefix = toUpper(path) + u"\\";
+        const auto hit = entries_.lower_bound(prefix);
+        return hit != entries_.end() && hit->first.starts_with(prefix);
+    }
+    static void describe(const File& file, FileInformation& found) {
+        found = file.information;
+        found.size = file.bytes.size();
+    }
 
     std::map<CString, Entry> entries_; // by path in upper case
     std::map<FileHandle, Open> handles_;

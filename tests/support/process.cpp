@@ -1,54 +1,38 @@
 #include "tests/support/process.h"
 
-#include <array>
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
 #include <grp.h>
+#include <memory>
 #include <stdexcept>
-#include <sys/mman.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 namespace ryv::test {
-
 namespace {
 
 constexpr uid_t nobody = 65534;
 constexpr int couldNotStart = 126;
 
-/// A file in memory: whoever writes into it never waits for a reader.
-class MemoryFile {
-public:
-    MemoryFile() : descriptor_(::memfd_create("captured", MFD_CLOEXEC)) {
-        if (descriptor_ < 0)
-            throw std::runtime_error("no file in memory");
-    }
-    ~MemoryFile() { ::close(descriptor_); }
-    MemoryFile(const MemoryFile&) = delete;
-    MemoryFile& operator=(const MemoryFile&) = delete;
+/// A file without a name: whoever writes into it never waits for a reader.
+using File = std::unique_ptr<std::FILE, decltype([](std::FILE* file) { std::fclose(file); })>;
 
-    int descriptor() const { return descriptor_; }
+File makeFile(const std::string& content = {}) {
+    File file(std::tmpfile());
+    if (!file || std::fwrite(content.data(), 1, content.size(), file.get()) != content.size())
+        throw std::runtime_error("no temporary file");
+    std::rewind(file.get());
+    return file;
+}
 
-    void fill(const std::string& content) const {
-        if (::write(descriptor_, content.data(), content.size()) != static_cast<ssize_t>(content.size()) ||
-            ::lseek(descriptor_, 0, SEEK_SET) != 0)
-            throw std::runtime_error("cannot fill a file in memory");
-    }
-
-    std::string content() const {
-        std::string text;
-        std::array<char, 65536> block{};
-        ssize_t count = 0;
-        while (
-            (count = ::pread(descriptor_, block.data(), block.size(), static_cast<off_t>(text.size()))) > 0)
-            text.append(block.data(), static_cast<std::size_t>(count));
-        return text;
-    }
-
-private:
-    int descriptor_;
-};
+std::string contentOf(const File& file) {
+    std::string text(static_cast<std::size_t>(::lseek(::fileno(file.get()), 0, SEEK_END)), '\0');
+    std::rewind(file.get());
+    text.resize(std::fread(text.data(), 1, text.size(), file.get()));
+    return text;
+}
 
 void setEnvironment(const std::map<std::string, std::string>& environment) {
     for (const auto& [name, value] : environment) {
@@ -84,17 +68,16 @@ void setEnvironment(const std::map<std::string, std::string>& environment) {
 } // namespace
 
 ProcessResult runProcess(const std::vector<std::string>& words, const ProcessSetUp& setUp) {
-    const MemoryFile input;
-    const MemoryFile out;
-    const MemoryFile error;
-    input.fill(setUp.input);
+    const File input = makeFile(setUp.input);
+    const File out = makeFile();
+    const File error = makeFile();
     const pid_t child = ::fork();
     if (child < 0)
         throw std::runtime_error("no child process");
     if (child == 0) {
-        ::dup2(input.descriptor(), STDIN_FILENO);
-        ::dup2(out.descriptor(), STDOUT_FILENO);
-        ::dup2(error.descriptor(), STDERR_FILENO);
+        ::dup2(::fileno(input.get()), STDIN_FILENO);
+        ::dup2(::fileno(out.get()), STDOUT_FILENO);
+        ::dup2(::fileno(error.get()), STDERR_FILENO);
         becomeProgram(words, setUp);
     }
     int status = 0;
@@ -105,8 +88,8 @@ ProcessResult runProcess(const std::vector<std::string>& words, const ProcessSet
         result.exitCode = WEXITSTATUS(status);
     else
         result.signal = WTERMSIG(status);
-    result.out = out.content();
-    result.error = error.content();
+    result.out = contentOf(out);
+    result.error = contentOf(error);
     return result;
 }
 

@@ -3,11 +3,11 @@
 
 #include "base/encoding.h"
 #include "base/text.h"
+#include "tests/support/random.h"
 
 #include <cstdio>
 #include <fstream>
 #include <iterator>
-#include <random>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -66,21 +66,17 @@ inline std::string shown(CStringView text) {
 }
 
 /// Random text from units that are picked from an alphabet. The same seed gives the same texts everywhere.
-class RandomText {
+class RandomText : public Random {
 public:
-    RandomText(std::uint32_t seed, CString alphabet) : generator_(seed), alphabet_(std::move(alphabet)) {}
-
-    std::size_t below(std::size_t limit) { return generator_() % limit; }
-    char16_t unit() { return alphabet_[below(alphabet_.size())]; }
+    RandomText(std::uint64_t seed, CString alphabet) : Random(seed), alphabet_(std::move(alphabet)) {}
     CString text(std::size_t length) {
         CString result;
         while (result.size() < length)
-            result += unit();
+            result += pick(alphabet_);
         return result;
     }
 
 private:
-    std::mt19937 generator_;
     CString alphabet_;
 };
 

@@ -5,31 +5,10 @@ namespace {
 
 class KqpCheckTest : public KqpTest {};
 
-TEST_F(KqpCheckTest, check_cleanFile_printsNothing) {
-    folder.write("clean.kqp", "*[1]A\n+[1]b\n?[0]H\n=One\n=====SUB=A/B\na.dwg\n=====SUB=C[Empty]\nb.dwg\n");
-    const ProcessResult result = kqp({"check", "clean.kqp"});
-    expectDone(result);
-    EXPECT_EQ(result.out, "");
-}
-
 TEST_F(KqpCheckTest, check_hostileFile_namesEveryLineInOrder) {
-    folder.write("bad.kqp", "*[1]A\n"
-                            "*[1]B\n"
-                            "*[x]C\n"
-                            "\n"
-                            "+[300]D\n"
-                            "?[0]  H\n"
-                            "=one\n"
-                            "=two\n"
-                            "====odd\n"
-                            "=====SUB=\n"
-                            "=====SUB=A\n"
-                            "=====SUB=B\n"
-                            "a.dwg\n"
-                            "=====SUB=C[Empty]tail\n"
-                            "A.DWG\n"
-                            "+[2]late\n"
-                            "=nobody\n");
+    folder.write("bad.kqp",
+        "*[1]A\n*[1]B\n*[x]C\n\n+[300]D\n?[0]  H\n=one\n=two\n====odd\n=====SUB=\n=====SUB=A\n"
+        "=====SUB=B\na.dwg\n=====SUB=C[Empty]tail\nA.DWG\n+[2]late\n=nobody\n");
     const ProcessResult result = kqp({"check", "bad.kqp"});
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_EQ(result.error, "");
@@ -56,14 +35,6 @@ TEST_F(KqpCheckTest, check_longTextWithControls_isShortenedAndEscaped) {
     EXPECT_EQ(result.out,
         "bad.kqp:1: no number and closing bracket behind the opening one, line dropped: *[x]\\x1B[2J" +
             std::string(52, 'n') + "...\n");
-}
-
-TEST_F(KqpCheckTest, check_bytesWithoutMeaning_areReportedWithTheirLine) {
-    folder.write("bad.kqp", "\xEF\xBB\xBF*[1]good\n*[2]a\xFF\n");
-    const ProcessResult result = kqp({"check", "bad.kqp"});
-    EXPECT_EQ(result.exitCode, 1);
-    EXPECT_EQ(result.out,
-        "bad.kqp:2: bytes that mean nothing in the file's encoding do not come out as text: *[2]a\\xFF\n");
 }
 
 TEST_F(KqpCheckTest, check_rewrittenFile_isClean) {

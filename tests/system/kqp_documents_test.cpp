@@ -50,14 +50,6 @@ TEST_F(KqpDocumentsTest, man_page_isTypesetWithoutWarningsAndNamesEverything) {
         EXPECT_NE(page.out.find(text), std::string::npos) << text;
 }
 
-TEST_F(KqpDocumentsTest, man_page_hasNoPlainHyphenOrQuoteAtLineStart) {
-    const std::string page = document("man");
-    EXPECT_EQ(page.find('`'), std::string::npos);
-    EXPECT_EQ(page.find("\n'"), std::string::npos);
-    for (std::size_t at = page.find('-'); at != std::string::npos; at = page.find('-', at + 1))
-        EXPECT_EQ(page[at - 1], '\\') << page.substr(at < 30 ? 0 : at - 30, 60);
-}
-
 TEST_F(KqpDocumentsTest, bash_completion_offersWhatFits) {
     folder.write("plant.kqp", "");
     folder.write("with blank.KQP", "");
@@ -73,21 +65,6 @@ TEST_F(KqpDocumentsTest, bash_completion_offersWhatFits) {
     EXPECT_EQ(completions({"kqp", "rewrite", "-o", "w"}), Words{"with blank.KQP"});
     EXPECT_EQ(completions({"kqp", "help", "re"}), Words{"rewrite"});
     EXPECT_EQ(completions({"kqp", "paint", ""}), Words{});
-}
-
-TEST_F(KqpDocumentsTest, zsh_completion_isAScriptForEveryCommand) {
-    const std::string script = document("zsh");
-    EXPECT_TRUE(script.starts_with("#compdef kqp\n"));
-    for (const char* const command : {"show)", "rewrite)", "equal)", "check)", "help)"})
-        EXPECT_NE(script.find(std::string("                ") + command + "\n"), std::string::npos)
-            << command;
-    if (!hasProgram("zsh"))
-        GTEST_SKIP() << "its grammar needs zsh";
-    ProcessSetUp setUp;
-    setUp.input = script;
-    const ProcessResult checked = runProcess({"zsh", "-n", "/dev/stdin"}, setUp);
-    EXPECT_EQ(checked.exitCode, 0);
-    EXPECT_EQ(checked.error, "");
 }
 
 } // namespace

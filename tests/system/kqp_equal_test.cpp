@@ -36,16 +36,6 @@ TEST_F(KqpEqualTest, equal_anyDifference_isOne) {
     EXPECT_EQ(equal("=====SUB=A[Empty]\n", ""), 1);
 }
 
-TEST_F(KqpEqualTest, equal_copyInOtherFolder_differsWhenPathsAreRelative) {
-    std::filesystem::create_directory(folder.native("sub"));
-    folder.write("a.kqp", "a.dwg\n");
-    folder.write("sub/a.kqp", "a.dwg\n");
-    EXPECT_EQ(kqp({"equal", "a.kqp", "sub/a.kqp"}).exitCode, 1);
-    folder.write("a.kqp", "\\there\\a.dwg\n");
-    folder.write("sub/a.kqp", "\\there\\a.dwg\n");
-    EXPECT_EQ(kqp({"equal", "a.kqp", "sub/a.kqp"}).exitCode, 0);
-}
-
 TEST_F(KqpEqualTest, equal_oneMissing_isTwoAndNamesIt) {
     folder.write("a.kqp", "a.dwg\n");
     expectFailure(kqp({"equal", "a.kqp", "b.kqp"}), "kqp: b.kqp: no such file or folder");

@@ -41,27 +41,10 @@ inline void expectDone(const ProcessResult& result) {
 }
 
 /// A project with something of everything.
-inline constexpr const char* plantProject = "*[1]Pumping station\n"
-                                            "*[3]Zürich\n"
-                                            "+[1]%SL_DIR%/libs\n"
-                                            "+[5]8\n"
-                                            "?[0]V\n"
-                                            "?[65]  x\n"
-                                            "=Cover sheet\n"
-                                            "cover.dwg\n"
-                                            "=Motor control\n"
-                                            "==Sheet 2\n"
-                                            "===North\n"
-                                            "===South\n"
-                                            "=====SUB=power/motors\n"
-                                            "power/m1.dwg\n"
-                                            "=====SUB=POWER/MOTORS\n"
-                                            "power/motor-two.dwg\n"
-                                            "====REF\n"
-                                            "=====SUB=Power\n"
-                                            "..\\other\\ref.dwg\n"
-                                            "=====SUB=SPARE[Empty]\n"
-                                            "=Last\n"
-                                            "last.dwg\n";
+inline constexpr const char* plantProject =
+    "*[1]Pumping station\n*[3]Zürich\n+[1]%SL_DIR%/libs\n+[5]8\n?[0]V\n?[65]  x\n=Cover sheet\n"
+    "cover.dwg\n=Motor control\n==Sheet 2\n===North\n===South\n=====SUB=power/motors\n"
+    "power/m1.dwg\n=====SUB=POWER/MOTORS\npower/motor-two.dwg\n====REF\n=====SUB=Power\n"
+    "..\\other\\ref.dwg\n=====SUB=SPARE[Empty]\n=Last\nlast.dwg\n";
 
 } // namespace ryv::test

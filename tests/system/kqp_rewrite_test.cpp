@@ -19,13 +19,6 @@ std::string linesOf(const std::string& content, bool settings) {
     return result;
 }
 
-std::string utf16(const std::string& ascii) {
-    std::string bytes = "\xFF\xFE";
-    for (const char c : ascii)
-        bytes.append(1, c).append(1, '\0');
-    return bytes;
-}
-
 class KqpRewriteTest : public KqpTest {
 protected:
     /// Without the settings lines; those have a test of their own.
@@ -37,26 +30,11 @@ protected:
 
 TEST_F(KqpRewriteTest, rewrite_inPlace_givesCanonicalForm) {
     folder.write("plant.kqp", plantProject);
-    EXPECT_EQ(rewritten("plant.kqp"), "*[1]Pumping station\n"
-                                      "*[3]Zürich\n"
-                                      "+[1]%SL_DIR%/libs\n"
-                                      "+[5]8\n"
-                                      "=Cover sheet\n"
-                                      "cover.dwg\n"
-                                      "=Motor control\n"
-                                      "==Sheet 2\n"
-                                      "===North\n"
-                                      "===South\n"
-                                      "=====SUB=POWER/MOTORS\n"
-                                      "power\\m1.dwg\n"
-                                      "=====SUB=POWER/MOTORS\n"
-                                      "power\\motor-two.dwg\n"
-                                      "====REF\n"
-                                      "=====SUB=POWER\n"
-                                      "..\\other\\ref.dwg\n"
-                                      "=====SUB=SPARE[Empty]\n"
-                                      "=Last\n"
-                                      "last.dwg\n");
+    EXPECT_EQ(rewritten("plant.kqp"),
+        "*[1]Pumping station\n*[3]Zürich\n+[1]%SL_DIR%/libs\n+[5]8\n=Cover sheet\ncover.dwg\n"
+        "=Motor control\n==Sheet 2\n===North\n===South\n=====SUB=POWER/MOTORS\npower\\m1.dwg\n"
+        "=====SUB=POWER/MOTORS\npower\\motor-two.dwg\n====REF\n=====SUB=POWER\n..\\other\\ref.dwg\n"
+        "=====SUB=SPARE[Empty]\n=Last\nlast.dwg\n");
     EXPECT_EQ(folder.names(), std::vector<std::string>{"plant.kqp"});
 }
 
@@ -111,40 +89,6 @@ TEST_F(KqpRewriteTest, rewrite_absolute_writesUpperCasePaths) {
     const std::string path = toUtf8(toUpper(folder.module()));
     EXPECT_EQ(linesOf(folder.read("plant.kqp"), false),
         "=Keep case\n=====SUB=A\n" + path + "\\SUB\\A.DWG\n\\FAR\\Ü.DWG\n");
-}
-
-TEST_F(KqpRewriteTest, rewrite_encoding_isKept) {
-    const std::vector<std::pair<std::string, std::string>> cases = {
-        {"*[1]Z\xC3\xBCrich\r\n", "*[1]Z\xC3\xBCrich\n"},
-        {"*[1]Z\xFCrich\n", "*[1]Z\xFCrich\n"},
-        {"\xEF\xBB\xBF*[1]x\n", "\xEF\xBB\xBF*[1]x\n"},
-        {utf16("*[1]x\r\n"), utf16("*[1]x\n")},
-    };
-    for (const auto& [before, start] : cases) {
-        folder.write("a.kqp", before);
-        expectDone(kqp({"rewrite", "a.kqp", "-o", "b.kqp"}));
-        EXPECT_EQ(folder.read("b.kqp").substr(0, start.size()), start);
-        expectDone(kqp({"rewrite", "a.kqp"}));
-        EXPECT_EQ(folder.read("a.kqp"), folder.read("b.kqp"));
-    }
-}
-
-TEST_F(KqpRewriteTest, rewrite_symbolicLink_writesBehindItAndKeepsIt) {
-    std::filesystem::create_directory(folder.native("real"));
-    folder.write("real/a.kqp", "x/./a.dwg\n");
-    std::filesystem::create_symlink("real/a.kqp", folder.native("link.kqp"));
-    expectDone(kqp({"rewrite", "link.kqp"}));
-    EXPECT_TRUE(std::filesystem::is_symlink(folder.native("link.kqp")));
-    EXPECT_EQ(linesOf(folder.read("real/a.kqp"), false), "x\\a.dwg\n");
-}
-
-TEST_F(KqpRewriteTest, rewrite_mode_isKept) {
-    folder.write("a.kqp", "a.dwg\n");
-    ASSERT_EQ(::chmod(folder.native("a.kqp").c_str(), 0640), 0);
-    expectDone(kqp({"rewrite", "a.kqp"}));
-    struct stat status {};
-    ASSERT_EQ(::stat(folder.native("a.kqp").c_str(), &status), 0);
-    EXPECT_EQ(status.st_mode & 07777u, 0640u);
 }
 
 } // namespace

@@ -57,16 +57,6 @@ TEST_F(KqpShowTest, show_project_printsAllForPeople) {
                               "5 drawings in 3 subfolders\n");
 }
 
-TEST_F(KqpShowTest, show_emptyFile_saysSo) {
-    folder.write("new.kqp", "\n");
-    const ProcessResult result = kqp({"show", "new.kqp"});
-    expectDone(result);
-    EXPECT_EQ(
-        result.out, "NEW  " + folder.native("new.kqp") +
-                        "\n\nMiscellaneous settings: none\n\nDefault drawing settings: all as default\n\n"
-                        "no drawings\n");
-}
-
 TEST_F(KqpShowTest, show_fileInOtherEncoding_namesItAndShowsText) {
     folder.write("Gr\xC3\xB6\xC3\x9F"
                  "e.kqp",
@@ -110,14 +100,6 @@ TEST_F(KqpShowTest, show_color_followsChoiceAndTerminal) {
     EXPECT_FALSE(colored(onTerminal({"show", "plant.kqp"}, "dumb", "")));
     EXPECT_TRUE(colored(onTerminal({"show", "--color", "always", "plant.kqp"}, "dumb", "1")));
     EXPECT_FALSE(colored(onTerminal({"show", "--color", "never", "plant.kqp"}, "xterm", "")));
-}
-
-TEST_F(KqpShowTest, show_coloredText_isThePlainTextWithCodes) {
-    folder.write("plant.kqp", plantProject);
-    std::string text = kqp({"show", "--color=always", "plant.kqp"}).out;
-    for (std::size_t at = 0; (at = text.find('\x1B', at)) != std::string::npos;)
-        text.erase(at, text.find('m', at) - at + 1);
-    EXPECT_EQ(text, kqp({"show", "--color=never", "plant.kqp"}).out);
 }
 
 } // namespace

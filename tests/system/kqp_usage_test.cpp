@@ -17,12 +17,10 @@ protected:
 
 TEST_F(KqpUsageTest, words_thatDoNotFit_areRefusedWithAHint) {
     const std::vector<std::pair<std::vector<std::string>, std::string>> cases = {
-        {{}, "kqp: no command given"},
-        {{"paint"}, "kqp: there is no command 'paint'"},
+        {{}, "kqp: no command given"}, {{"paint"}, "kqp: there is no command 'paint'"},
         {{"--paint"}, "kqp: there is no option '--paint' in front of a command"},
         {{"--version", "now"}, "kqp: too many words behind '--version': 'now'"},
-        {{"show"}, "kqp: 'show' needs FILE"},
-        {{"show", ""}, "kqp: a file name is empty"},
+        {{"show"}, "kqp: 'show' needs FILE"}, {{"show", ""}, "kqp: a file name is empty"},
         {{"show", "a", "b"}, "kqp: too many words behind 'show': 'b'"},
         {{"show", "--jason", "a"}, "kqp: 'show' has no option '--jason'"},
         {{"show", "-j", "a"}, "kqp: 'show' has no option '-j'"},
@@ -36,8 +34,7 @@ TEST_F(KqpUsageTest, words_thatDoNotFit_areRefusedWithAHint) {
         {{"equal", "--json", "a", "b"}, "kqp: 'equal' has no option '--json'"},
         {{"help", "paint"}, "kqp: there is no command 'paint'"},
         {{"--generate", "pdf"}, "kqp: '--generate' needs one of man, bash, zsh"},
-        {{"new\nline\x1B"}, "kqp: there is no command 'new\\nline\\x1B'"},
-    };
+        {{"new\nline\x1B"}, "kqp: there is no command 'new\\nline\\x1B'"}};
     for (const auto& [words, line] : cases) {
         SCOPED_TRACE(line);
         expectUsageError(kqp(words), line);
@@ -98,21 +95,6 @@ TEST_F(KqpUsageTest, help_ofCommand_isTheSameInBothForms) {
         EXPECT_EQ(kqp({"help", command}).out, result.out);
         EXPECT_EQ(kqp({command, "too", "many", "words", "-h"}).out, result.out);
     }
-}
-
-TEST_F(KqpUsageTest, help_noLine_isWiderThanATerminal) {
-    std::string text = kqp({"--help"}).out;
-    for (const std::string command : {"show", "rewrite", "equal", "check", "help"})
-        text += kqp({"help", command}).out;
-    for (std::size_t start = 0, end = 0; (end = text.find('\n', start)) != std::string::npos; start = end + 1)
-        EXPECT_LE(end - start, 80u) << text.substr(start, end - start);
-    EXPECT_EQ(text.find('`'), std::string::npos);
-}
-
-TEST_F(KqpUsageTest, version_isNameAndNumber) {
-    const ProcessResult result = kqp({"--version"});
-    expectDone(result);
-    EXPECT_EQ(result.out, "kqp " KQP_EXPECTED_VERSION "\n");
 }
 
 } // namespace
