@@ -350,6 +350,7 @@ std::size_t appendAscii(CStringView text, std::string& out) {
 } // namespace
 
 void encodeUtf8(CStringView text, std::string& out, CodecReport* problems) {
+    out.reserve(out.size() + text.size());
     for (std::size_t i = 0; i < text.size();) {
         if (text[i] < 0x80) {
             i += appendAscii(text.substr(i), out);

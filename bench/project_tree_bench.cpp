@@ -12,8 +12,9 @@
 
 namespace {
 
-void fill(ryv::RyvPrmProjectData& data, std::size_t drawings) {
-    for (std::size_t n = 0; n < drawings; ++n) {
+/// Every drawing of a project of that size, or every so many-th.
+void fill(ryv::RyvPrmProjectData& data, std::size_t drawings, std::size_t every = 1) {
+    for (std::size_t n = 0; n < drawings; n += every) {
         const ryv::CString trace = bench::drawingTrace(n);
         data.addFile(std::make_unique<ryv::RyvPrmFileDetails>(bench::drawingPath(n)), &trace);
     }
@@ -68,7 +69,7 @@ void yardstickMapByTrace(benchmark::State& state) {
 
 void findByTrace(benchmark::State& state) {
     ryv::RyvPrmProjectData data;
-    fill(data, static_cast<std::size_t>(state.range(0)) * 10);
+    fill(data, static_cast<std::size_t>(state.range(0)) * 10, 10);
     lookUpAll(state, shuffled(state.range(0), traceOfSubfolder),
         [&data](const ryv::CString& key) { return data.findSubfolder(key); });
 }
