@@ -104,5 +104,12 @@ TEST(Event, fire_arguments_reachEveryHandler) {
     EXPECT_EQ(sum, 13);
 }
 
+TEST_F(EventTest, handler_unsubscribesOlderOne_itIsNotCalledAnyMore) {
+    auto a = writing('a');
+    const auto b = writing('b');
+    const auto c = event->subscribe([&] { a.reset(); });
+    EXPECT_EQ(fired(), "b");
+}
+
 } // namespace
 } // namespace ryv

@@ -193,5 +193,10 @@ TEST(Paths, everyOperation_millionsOfUnits_takesLinearTime) {
     EXPECT_EQ(relativePathTo(u"\\" + repeated(u"a\\", million), u"\\b"), std::nullopt);
 }
 
+TEST(Paths, isRelative_tooShortForADrive_isTrue) {
+    for (const CStringView path : {CStringView(u"C:\\", 1), CStringView(u"\\", 0), CStringView(u"a", 1)})
+        EXPECT_TRUE(isRelative(path)) << shown(path);
+}
+
 } // namespace
 } // namespace ryv::paths

@@ -107,5 +107,27 @@ TEST_F(PathVariables, writeProjectExWithoutADocument_asksTheService) {
     EXPECT_TRUE(surroundings.lisp.calls().empty());
 }
 
+TEST_F(PathVariables, pathsOfAProject_areMadeRelativeAndAbsolute) {
+    files.put(path, "");
+    RyvPrmKQPFiler filer(path, false, true);
+    struct Case {
+        CString absolute;
+        bool possible;
+        CString relative;
+    };
+    const Case cases[] = {{u"C:\\P\\x.dwg", true, u"x.dwg"}, {u"C:\\x.dwg", true, u"..\\x.dwg"},
+        {u"C:\\P\\a\\x.dwg", true, u"a\\x.dwg"}, {u"D:\\x.dwg", false, u"D:\\x.dwg"}};
+    for (const Case& each : cases) {
+        CString text = each.absolute;
+        EXPECT_EQ(filer.absoluteToRelative(text), each.possible) << shown(each.absolute);
+        EXPECT_EQ(text, each.relative);
+        EXPECT_TRUE(filer.relativeToAbsolute(text));
+        EXPECT_EQ(text, each.absolute);
+    }
+    CString tooLong(257, u'x');
+    EXPECT_FALSE(filer.relativeToAbsolute(tooLong));
+    EXPECT_EQ(tooLong, CString(257, u'x'));
+}
+
 } // namespace
 } // namespace ryv::test

@@ -250,5 +250,25 @@ TEST(ProjectData, swap_exchangesContentAndLookups) {
     EXPECT_EQ(treeText(two), "A{x y}");
 }
 
+TEST(ProjectData, addFiles_appendsInOrder) {
+    RyvPrmProjectData project;
+    add(project, u"1");
+    RyvPrmItems items;
+    items.push_back(drawing(u"2"));
+    items.push_back(std::make_unique<RyvPrmSubfolder>(u"S"));
+    EXPECT_TRUE(project.addFiles(std::move(items)));
+    EXPECT_EQ(treeText(project), "1 2 S{}");
+    EXPECT_THROW(project.addFile(nullptr), std::invalid_argument);
+}
+
+TEST(ProjectData, subfolderFacingADrawing_isADifference) {
+    RyvPrmProjectData one;
+    RyvPrmProjectData two;
+    add(one, u"A");
+    addSubfolder(two, u"A");
+    EXPECT_FALSE(one == two);
+    EXPECT_FALSE(two == one);
+}
+
 } // namespace
 } // namespace ryv::test

@@ -30,6 +30,7 @@ protected:
 };
 
 TEST_F(ProjectRemoval, removeFile_destroysTheFirstDepthFirst) {
+    EXPECT_FALSE(project->isFileInProject(u"x")); // from here on look-ups have to keep up
     addCounted(u"y");
     addCounted(u"x", u"A/B");
     addCounted(u"X");
@@ -144,6 +145,16 @@ TEST_F(ProjectRemoval, setProjFileDetails_takesItemsFromAnotherProject) {
     EXPECT_EQ(treeText(*project), "A{}");
     EXPECT_FALSE(project->isFileInProject(u"x"));
     EXPECT_TRUE(other.isFileInProject(u"x"));
+}
+
+TEST_F(ProjectRemoval, removeAllFiles_destroysTheTree) {
+    addCounted(u"x", u"A/B");
+    addCounted(u"y");
+    EXPECT_TRUE(project->removeAllFiles());
+    EXPECT_EQ(alive, 0);
+    EXPECT_EQ(treeText(*project), "");
+    EXPECT_FALSE(project->isFileInProject(u"y"));
+    EXPECT_EQ(project->findSubfolder(u"A"), nullptr);
 }
 
 } // namespace

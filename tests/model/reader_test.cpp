@@ -176,5 +176,12 @@ TEST_F(Reader, failedRead_leavesAnEmptyProjectWithDefaults) {
     EXPECT_TRUE(data.getProjDescriptions().empty());
 }
 
+TEST_F(Reader, sectionsOutOfOrder_areReadAlike) {
+    RyvPrmProjectData shuffled;
+    read("x.dwg\n?[0]V\n+[5]8\n*[1]one\n", shuffled);
+    read("*[1]one\n+[5]8\n?[0]V\nx.dwg\n", data);
+    EXPECT_TRUE(shuffled == data);
+}
+
 } // namespace
 } // namespace ryv::test

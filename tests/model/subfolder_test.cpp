@@ -141,5 +141,13 @@ TEST(FileDetails, sharedByTwoProjects_areRenamedApart) {
     EXPECT_TRUE(one.isFileInProject(u"y"));
 }
 
+TEST(Subfolder, assignmentToItself_changesNothing) {
+    RyvPrmSubfolder subfolder(u"S");
+    subfolder.add(drawing(u"x"));
+    RyvPrmSubfolder& same = subfolder;
+    subfolder = same;
+    EXPECT_EQ(treeText(subfolder.getItems()), "x");
+}
+
 } // namespace
 } // namespace ryv::test

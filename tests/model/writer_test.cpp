@@ -127,5 +127,12 @@ TEST_F(Writer, openForReadingOnly_isError4) {
     EXPECT_EQ(files.get(path), "x.dwg\n");
 }
 
+TEST_F(Writer, subfolderNames_areWrittenInUpperCase) {
+    RyvPrmProjectData project;
+    addSubfolder(project, u"a")->setName(u"stra\u00DFe \u00E4");
+    project.findSubfolder(u"STRA\u00DFE \u00C4")->add(drawing(u"C:\\P\\x"));
+    EXPECT_EQ(written(project), "=====SUB=STRA\u00DFE \u00C4\nx\n");
+}
+
 } // namespace
 } // namespace ryv::test

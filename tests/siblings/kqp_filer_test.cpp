@@ -240,5 +240,14 @@ TEST_F(KqpFiler, cleanup_forgetsWhatTheProjectDoesNotList) {
     EXPECT_FALSE(files.get(storePath).has_value()) << "makes no store";
 }
 
+TEST_F(KqpFiler, failedProjectWrite_leavesTheStoreAlone) {
+    files.put(path, "mine\n");
+    Filer writer(files, path, true);
+    writer.AddFile(u"C:\\P\\x.dwg");
+    files.put(path, "theirs\n");
+    EXPECT_FALSE(writer.commit("x.dwg\n"));
+    EXPECT_FALSE(files.get(storePath).has_value());
+}
+
 } // namespace
 } // namespace ryv::test

@@ -103,5 +103,12 @@ TEST(Token, listItems_areTrimmed) {
     EXPECT_EQ(listItems(u",", u','), (CStringArray{u"", u""}));
 }
 
+TEST_F(Sections, bracketsWithBlanks_areRead) {
+    load("*[ 1 ]x\n+[\t7]y\n?[076]z\n");
+    EXPECT_EQ(sections.descriptionLines(), CStringList{u"x"});
+    EXPECT_EQ(sections.settings(), (std::map<int, CString>{{76, u"z"}}));
+    EXPECT_TRUE(recorder.findings.empty());
+}
+
 } // namespace
 } // namespace ryv::test

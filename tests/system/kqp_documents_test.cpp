@@ -67,5 +67,12 @@ TEST_F(KqpDocumentsTest, bash_completion_offersWhatFits) {
     EXPECT_EQ(completions({"kqp", "paint", ""}), Words{});
 }
 
+TEST_F(KqpDocumentsTest, zsh_completion_namesEveryCommand) {
+    const std::string script = document("zsh");
+    EXPECT_TRUE(script.starts_with("#compdef kqp\n"));
+    for (const char* const command : {"show)\n", "rewrite)\n", "equal)\n", "check)\n", "help)\n"})
+        EXPECT_NE(script.find(command), std::string::npos) << command;
+}
+
 } // namespace
 } // namespace ryv::test

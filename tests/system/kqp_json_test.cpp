@@ -104,5 +104,10 @@ TEST_F(KqpJsonTest, json_identifiersOfCompanionStore_areShown) {
     expectJson(json("known.kqp", "a.dwg\nb.dwg\n"), "same([i['id'] for i in d['items']], [0, 7])\n");
 }
 
+TEST_F(KqpJsonTest, json_controlCharacters_areEscapedInTheBytes) {
+    const std::string text = json("odd.kqp", "*[1]\x01\x7F\xC2\x9B\n");
+    EXPECT_NE(text.find("\"\\u0001\\u007F\\u009B\""), std::string::npos) << text;
+}
+
 } // namespace
 } // namespace ryv::test

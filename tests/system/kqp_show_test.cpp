@@ -102,5 +102,13 @@ TEST_F(KqpShowTest, show_color_followsChoiceAndTerminal) {
     EXPECT_FALSE(colored(onTerminal({"show", "--color", "never", "plant.kqp"}, "xterm", "")));
 }
 
+TEST_F(KqpShowTest, show_coloredText_isThePlainTextWithCodes) {
+    folder.write("plant.kqp", plantProject);
+    std::string text = kqp({"show", "--color=always", "plant.kqp"}).out;
+    for (std::size_t at = 0; (at = text.find('\x1B', at)) != std::string::npos;)
+        text.erase(at, text.find('m', at) - at + 1);
+    EXPECT_EQ(text, kqp({"show", "--color=never", "plant.kqp"}).out);
+}
+
 } // namespace
 } // namespace ryv::test

@@ -97,5 +97,11 @@ TEST_F(KqpUsageTest, help_ofCommand_isTheSameInBothForms) {
     }
 }
 
+TEST_F(KqpUsageTest, version_isNameAndNumber) {
+    const ProcessResult result = kqp({"--version"});
+    expectDone(result);
+    EXPECT_EQ(result.out, "kqp " KQP_EXPECTED_VERSION "\n");
+}
+
 } // namespace
 } // namespace ryv::test
