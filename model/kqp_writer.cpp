@@ -85,6 +85,8 @@ bool RyvPrmKQPFiler::write(const RyvPrmProjectData& data, bool replaceVariables)
     return commit(lines.finish());
 }
 
+/// Takes a copy: LISP that is asked on the way may change the project's own settings.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 CStringArray RyvPrmKQPFiler::miscSettingLines(RyvPmMiscProjSettings misc, bool replaceVariables) {
     CStringArray lines;
     for (const auto& [index, value] : misc.values()) {

@@ -22,7 +22,8 @@ public:
         notOpen = 2,    ///< an operation came before openProject
         cannotRead = 3, ///< the file was opened and could not be read
         notOpenForWriting = 4,
-        cannotWrite = 5,     ///< writing, flushing or renaming failed; the old file is whole
+        cannotWrite = 5, ///< writing, flushing or renaming failed, or what is there could not be read; the
+                         ///< old file or the new one is there, whole
         changedOutside = 6,  ///< another process wrote the file since it was read; its content stands
         cannotWriteStore = 7 ///< the project is written, its companion store is not
     };
@@ -79,8 +80,9 @@ public:
     /// The drawing's identifier, 0 when unknown.
     std::int32_t GetFileId(CStringView path);
 
-    /// Forgets identifiers of drawings that the open project does not list, after a project was moved or
-    /// edited by hand; writes the companion store when that changes it. Makes no store.
+    /// Forgets identifiers of drawings that the open project's file does not list now, after it was moved or
+    /// edited by hand; writes the companion store when that changes it. Makes no store, and leaves alone what
+    /// this filer has read and guards.
     bool CleanupProjectData();
 
     int getLastError() const noexcept { return lastError_; }
