@@ -30,7 +30,7 @@ void require(bool holds) {
 class Listener final : public ProjectReporter {
 public:
     void found(std::size_t line, ProjectFinding finding, CStringView text) override {
-        require(line > 0 && finding <= ProjectFinding::lineBreakInText);
+        require(line > 0 && finding <= ProjectFinding::emptyTraceComponent);
         units_ += hashNoCase(text) != 0 ? text.size() : 0;
     }
 

@@ -22,8 +22,7 @@ public:
         notOpen = 2,    ///< an operation came before openProject
         cannotRead = 3, ///< the file was opened and could not be read
         notOpenForWriting = 4,
-        cannotWrite = 5, ///< writing, flushing or renaming failed, or what is there could not be read; the
-                         ///< old file or the new one is there, whole
+        cannotWrite = 5,     ///< the save failed; the old file or the new one is there, whole
         changedOutside = 6,  ///< another process wrote the file since it was read; its content stands
         cannotWriteStore = 7 ///< the project is written, its companion store is not
     };
