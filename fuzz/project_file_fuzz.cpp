@@ -76,8 +76,11 @@ bool isKept(const RyvPrmFileDetails& drawing) {
         if (holdsReturn(line))
             return false;
     const CStringView name = drawing.getFileName();
-    return !holdsReturn(name) && !isSpelledOtherwise(name, u"C:") && !isSpelledOtherwise(name, u"C:\\P") &&
-           !holdsReturn(drawing.getDescription1()) && !holdsReturn(drawing.getDescription2());
+    // Folding can bring white space to the end of a path, where it is not kept.
+    const bool endsInSpace = !name.empty() && isSpace(name.back());
+    return !endsInSpace && !holdsReturn(name) && !isSpelledOtherwise(name, u"C:") &&
+           !isSpelledOtherwise(name, u"C:\\P") && !holdsReturn(drawing.getDescription1()) &&
+           !holdsReturn(drawing.getDescription2());
 }
 
 /// In front of a trace a "=" or a blank is lost, one kind with each writing.
