@@ -1,7 +1,8 @@
 #!/bin/bash
 # Runs the fuzz targets that are built in build/fuzz, as many at a time as there are processors. The seeds in
 # fuzz/corpus/TARGET are copied to build/fuzz/corpus/TARGET, where what a run finds is added; inputs that make
-# a target fail are left in build/fuzz/findings/TARGET. The words of NAME_fuzz's input are in fuzz/NAME.dict.
+# a target fail are left in build/fuzz/findings/TARGET. Every run starts from the same RYV_FUZZ_SEED (1), so that
+# it can be repeated; 0 is a new one each time. The words of NAME_fuzz's input are in fuzz/NAME.dict.
 # `scripts/fuzz.sh SECONDS [TARGET...]`, all by default.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -16,7 +17,7 @@ fuzz_one() {
     if [ -f "fuzz/${target%_fuzz}.dict" ]; then
         options+=("-dict=fuzz/${target%_fuzz}.dict")
     fi
-    if "build/fuzz/bin/$target" -max_total_time="$seconds" -timeout=20 -rss_limit_mb=2048 "${options[@]}" \
+    if "build/fuzz/bin/$target" -seed="${RYV_FUZZ_SEED:-1}" -max_total_time="$seconds" -timeout=20 -rss_limit_mb=2048 "${options[@]}" \
         -artifact_prefix="$findings/" "$corpus" >"$log" 2>&1; then
         echo "$target: nothing found, $(tail -n 1 "$log" | tr '[:upper:]' '[:lower:]')"
     else
