@@ -1,5 +1,5 @@
 #!/bin/bash
-# Runs the fuzz targets that are built in build/fuzz, as many at a time as there are processors. The seeds in
+# Runs the fuzz targets that are built in build/fuzz, as many at a time as there are processors. Seed inputs from
 # fuzz/corpus/TARGET are copied to build/fuzz/corpus/TARGET, where what a run finds is added; inputs that make
 # a target fail are left in build/fuzz/findings/TARGET. Every run starts from the same RYV_FUZZ_SEED (1), so that
 # it can be repeated; 0 is a new one each time. The words of NAME_fuzz's input are in fuzz/NAME.dict.
