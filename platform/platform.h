@@ -2,13 +2,18 @@
 // supplies; the rest keeps null objects that do nothing and answer "no".
 #pragma once
 
+#include "platform/host/commands.h"
+#include "platform/host/console.h"
 #include "platform/host/documents.h"
+#include "platform/host/drawings.h"
+#include "platform/host/host_files.h"
 #include "platform/host/lisp.h"
 #include "platform/os/clock.h"
 #include "platform/os/files.h"
 #include "platform/os/identity.h"
 #include "platform/os/system_paths.h"
 #include "platform/services/global_variables.h"
+#include "platform/ui/user_interface.h"
 
 namespace ryv {
 
@@ -16,11 +21,16 @@ namespace detail {
 struct NullPorts {
     NullHostLisp lisp;
     NullHostDocuments documents;
+    NullHostCommands commands;
+    NullHostConsole console;
+    NullHostFiles hostFiles;
+    NullHostDrawings drawings;
     NullFiles files;
     NullSystemPaths paths;
     NullIdentity identity;
     NullClock clock;
     NullGlobalVariables globalVariables;
+    NullUserInterface ui;
 };
 } // namespace detail
 
@@ -36,7 +46,11 @@ public:
     struct Host {
         HostLisp* lisp;
         HostDocuments* documents;
-    } host{&null_.lisp, &null_.documents};
+        HostCommands* commands;
+        HostConsole* console;
+        HostFiles* files;
+        HostDrawings* drawings;
+    } host{&null_.lisp, &null_.documents, &null_.commands, &null_.console, &null_.hostFiles, &null_.drawings};
 
     struct Os {
         Files* files;
@@ -48,6 +62,8 @@ public:
     struct Services {
         GlobalVariables* globalVariables;
     } services{&null_.globalVariables};
+
+    UserInterface* ui = &null_.ui;
 };
 
 } // namespace ryv

@@ -17,6 +17,11 @@ HostResultBuffer& HostResultBuffer::addInteger(std::int16_t number) {
     return *this;
 }
 
+HostResultBuffer& HostResultBuffer::addLongInteger(std::int32_t number) {
+    nodes_.push_back(Node{ResultType::longInteger, number});
+    return *this;
+}
+
 HostResultBuffer& HostResultBuffer::addReal(double number) {
     nodes_.push_back(Node{ResultType::real, number});
     return *this;
@@ -36,6 +41,19 @@ HostResultBuffer& HostResultBuffer::addListBegin() {
 
 HostResultBuffer& HostResultBuffer::addListEnd() {
     return add(ResultType::listEnd);
+}
+
+HostResultBuffer& HostResultBuffer::addDot() {
+    return add(ResultType::dot);
+}
+
+HostResultBuffer& HostResultBuffer::addStrings(const CStringArray& texts) {
+    if (texts.empty())
+        return addNil();
+    addListBegin();
+    for (const CString& text : texts)
+        addString(text);
+    return addListEnd();
 }
 
 HostResultBuffer& HostResultBuffer::addNestedList(HostResultBuffer list) {

@@ -12,7 +12,7 @@
 namespace ryv::test {
 
 /// A LISP that knows the functions it was given. A function that it was not given fails.
-class ScriptedLisp final : public HostLisp {
+class ScriptedLisp final : public NullHostLisp {
 public:
     using Function = std::function<LispStatus(const HostResultBuffer& call, HostResultBuffer& result)>;
 
@@ -57,7 +57,7 @@ private:
     std::vector<std::vector<CString>> calls_;
 };
 
-class ScriptedDocuments final : public HostDocuments {
+class ScriptedDocuments final : public NullHostDocuments {
 public:
     bool open = false;
     bool hasCurrentDocument() override { return open; }
@@ -80,7 +80,8 @@ public:
 class ScriptedPlatform {
 public:
     explicit ScriptedPlatform(Files* files = nullptr) {
-        ports_.host = {&lisp, &documents};
+        ports_.host.lisp = &lisp;
+        ports_.host.documents = &documents;
         ports_.services.globalVariables = &variables;
         if (files)
             ports_.os.files = files;
