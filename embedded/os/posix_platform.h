@@ -13,7 +13,12 @@ namespace drafta {
 /// objects until a program fills them in as well.
 class PosixPlatform {
 public:
-    PosixPlatform() { platform_.os = {&files_, &paths_, &identity_, &clock_}; }
+    PosixPlatform() {
+        platform_.os.files = &files_;
+        platform_.os.paths = &paths_;
+        platform_.os.identity = &identity_;
+        platform_.os.clock = &clock_;
+    }
     PosixPlatform(const PosixPlatform&) = delete;
     PosixPlatform& operator=(const PosixPlatform&) = delete;
 

@@ -1,102 +1,95 @@
-// A platform whose host answers what a test has written down, and which remembers what it was asked.
+// A platform whose ports answer what a test has written down, and which remember what they were asked.
 #pragma once
 
 #include "bridge/platform.h"
-
-#include <functional>
-#include <map>
-#include <string>
-#include <utility>
-#include <vector>
+#include "tests/support/scripted_documents.h"
+#include "tests/support/scripted_host.h"
+#include "tests/support/scripted_lisp.h"
+#include "tests/support/scripted_loop.h"
+#include "tests/support/scripted_os.h"
+#include "tests/support/scripted_palettes.h"
+#include "tests/support/scripted_services.h"
+#include "tests/support/scripted_ui.h"
 
 namespace ryv::test {
 
-/// A LISP that knows the functions it was given. A function that it was not given fails.
-class ScriptedLisp final : public NullHostLisp {
-public:
-    using Function = std::function<LispStatus(const HostResultBuffer& call, HostResultBuffer& result)>;
-
-    void define(CStringView name, Function function) { functions_[CString(name)] = std::move(function); }
-    void answer(CStringView name, HostResultBuffer result) {
-        define(name, [result](const HostResultBuffer&, HostResultBuffer& out) {
-            out = result;
-            return LispStatus::success;
-        });
-    }
-    void fail(CStringView name) {
-        define(name, [](const HostResultBuffer&, HostResultBuffer&) { return LispStatus::failure; });
-    }
-
-    /// Values that "ryv_get_var" gives for a variable's name; nil for others.
-    void setVariable(CStringView name, HostResultBuffer value) {
-        variables_[CString(name)] = std::move(value);
-        define(u"ryv_get_var", [this](const HostResultBuffer& call, HostResultBuffer& out) {
-            const CString* const wanted = call.stringAt(1);
-            const auto hit = wanted ? variables_.find(*wanted) : variables_.end();
-            out = hit == variables_.end() ? HostResultBuffer().addNil() : hit->second;
-            return LispStatus::success;
-        });
-    }
-
-    /// The texts of each call so far, in order: the function, then its string arguments.
-    const std::vector<std::vector<CString>>& calls() const noexcept { return calls_; }
-
-    LispStatus invoke(const HostResultBuffer& call, HostResultBuffer& result) override {
-        std::vector<CString> texts;
-        for (std::size_t i = 0; i < call.size(); ++i)
-            if (const CString* const text = call.stringAt(i))
-                texts.push_back(*text);
-        calls_.push_back(texts);
-        const auto hit = functions_.find(texts.empty() ? CString() : texts[0]);
-        return hit == functions_.end() ? LispStatus::failure : hit->second(call, result);
-    }
-
-private:
-    std::map<CString, Function> functions_;
-    std::map<CString, HostResultBuffer> variables_;
-    std::vector<std::vector<CString>> calls_;
-};
-
-class ScriptedDocuments final : public NullHostDocuments {
-public:
-    bool open = false;
-    bool hasCurrentDocument() override { return open; }
-};
-
-/// Replaces "${NAME}" by the value of NAME.
-class ScriptedVariables final : public GlobalVariables {
-public:
-    std::map<CString, CString> values;
-    CString Gbl_ReplaceGblVars(CStringView text) override {
-        CString result(text);
-        for (const auto& [name, value] : values)
-            for (std::size_t hit; (hit = result.find(u"${" + name + u"}")) != CString::npos;)
-                result.replace(hit, name.size() + 3, value);
-        return result;
-    }
-};
-
-/// Installed for as long as it lives; no document is open at first.
+/// Installed for as long as it lives; no document is open at first. Files, paths and drawings are null
+/// objects unless the test supplies them.
 class ScriptedPlatform {
 public:
     explicit ScriptedPlatform(Files* files = nullptr) {
-        ports_.host.lisp = &lisp;
-        ports_.host.documents = &documents;
-        ports_.services.globalVariables = &variables;
-        if (files)
-            ports_.os.files = files;
-        setPlatform(&ports_);
+        installHost();
+        installOs(files);
+        installServices();
+        ports.ui = &ui;
+        setPlatform(&ports);
     }
     ScriptedPlatform(const ScriptedPlatform&) = delete;
     ScriptedPlatform& operator=(const ScriptedPlatform&) = delete;
     ~ScriptedPlatform() { setPlatform(nullptr); }
 
+    /// What is installed, for a test that brings ports of its own.
+    Platform ports;
+
     ScriptedLisp lisp;
     ScriptedDocuments documents;
+    ScriptedCommands commands;
+    ScriptedConsole console;
+    ScriptedHostFiles hostFiles;
+    ScriptedEditor editor;
+    ScriptedProfile profile;
+    ScriptedMainWindow mainWindow;
+
+    ScriptedIdentity identity;
+    ScriptedClock clock;
+    ScriptedEnvironment environment;
+    ScriptedUniqueIds uniqueIds;
+    ScriptedRegistry registry;
+    ScriptedMessageLoop messages{clock};
+    ScriptedFileMonitor monitor;
+    ScriptedPalettes palettes{messages};
+
     ScriptedVariables variables;
+    ScriptedUserFolders userFolders;
+    ScriptedPackageSettings settings;
+    ScriptedProjectDatabase projectDatabase;
+    ScriptedLockCheck lockCheck;
+    ScriptedTaskDialogs taskDialogs;
+    ScriptedClientManager clientManager;
+    ScriptedCatalogBrowser catalogBrowser;
+    ScriptedWaitCursor waitCursor;
+    ScriptedHelp help;
+    ScriptedMenuHook menuHook;
+
+    ScriptedUserInterface ui;
 
 private:
-    Platform ports_;
+    void installHost() {
+        ports.host.lisp = &lisp;
+        ports.host.documents = &documents;
+        ports.host.commands = &commands;
+        ports.host.console = &console;
+        ports.host.files = &hostFiles;
+        ports.host.editor = &editor;
+        ports.host.profile = &profile;
+        ports.host.mainWindow = &mainWindow;
+        ports.host.palettes = &palettes;
+    }
+    void installOs(Files* files) {
+        if (files)
+            ports.os.files = files;
+        ports.os.identity = &identity;
+        ports.os.clock = &clock;
+        ports.os.environment = &environment;
+        ports.os.uniqueIds = &uniqueIds;
+        ports.os.registry = &registry;
+        ports.os.messages = &messages;
+        ports.os.monitor = &monitor;
+    }
+    void installServices() {
+        ports.services = {&variables, &userFolders, &settings, &projectDatabase, &lockCheck, &taskDialogs,
+            &clientManager, &catalogBrowser, &waitCursor, &help, &menuHook};
+    }
 };
 
 } // namespace ryv::test
