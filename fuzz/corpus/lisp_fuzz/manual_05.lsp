@@ -1,0 +1,12 @@
+(distance '(0 0) '(3 4))
+(angle '(0 0) '(0 1))
+(polar '(1 2) 0 5)
+(logand 12 10)
+(logior 12 10)
+(logxor 12 10)
+(lsh 1 4)
+(lsh -1 -28)
+(~ 0)
+pi
+(= 1 1.0)
+(= "a" "A")

@@ -1,0 +1,12 @@
+(terpri)
+(write-line "done")
+(write-char 65)
+(setq f (open "\\notes.txt" "w"))
+(write-line "first" f)
+(close f)
+f
+(setq f (open "\\notes.txt" "r"))
+(read-line f)
+(read-line f)
+(read-char f)
+(findfile "no such file")

@@ -1,0 +1,8 @@
+(vl-file-size "\\notes.txt")
+(vl-file-directory-p "\\notes.txt")
+(vl-file-delete "\\notes.txt")
+(vl-filename-base "C:\\work\\plan.kqp")
+(vl-filename-directory "C:\\work\\plan.kqp")
+(vl-filename-extension "C:\\work\\plan.kqp")
+(setenv "COLOUR" "red")
+(getenv "COLOUR")

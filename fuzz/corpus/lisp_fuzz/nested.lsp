@@ -1,0 +1,2 @@
+(repeat 40 (setq x (list x '(a . "b") 1.5)))
+x
