@@ -1,22 +1,16 @@
 #include "bridge/lisp.h"
 
+#include "base/format.h"
 #include "base/text.h"
+#include "bridge/lisp_call.h"
 #include "bridge/platform.h"
 
 namespace ryv {
 
 namespace {
 
-bool takeString(const HostResultBuffer& call, CString& result) {
-    HostResultBuffer reply;
-    if (invokeLisp(call, reply) != LispStatus::success)
-        return false;
-    const CString* const text = reply.stringAt(0);
-    if (!text)
-        return false;
-    result = *text;
-    return true;
-}
+/// What the host's LISP takes at once in this place, the terminating zero included.
+constexpr std::size_t exposeBuffer = 128;
 
 } // namespace
 
@@ -27,11 +21,21 @@ LispStatus invokeLisp(const HostResultBuffer& call, HostResultBuffer& result) {
 }
 
 bool invokeLispForString(CStringView function, CString& result) {
-    return takeString(HostResultBuffer().addString(function), result);
+    return callLispForString(HostResultBuffer().addString(function), result);
 }
 
 bool invokeLispForString(CStringView function, CStringView argument, CString& result) {
-    return takeString(HostResultBuffer().addString(function).addString(argument), result);
+    return callLispForString(HostResultBuffer().addString(function).addString(argument), result);
+}
+
+LispStatus evaluateLisp(CStringView expression) {
+    HostResultBuffer value;
+    return invokeLisp(HostResultBuffer().addString(u"veval-str+").addString(expression), value);
+}
+
+LispStatus exposeLispFunction(CStringView name) {
+    const CString expression = format(platform().host.lisp->exposeFunctionFormat(), {name});
+    return expression.size() < exposeBuffer ? evaluateLisp(expression) : LispStatus::failure;
 }
 
 bool readLispGlobal(CStringView name, CString& value) {
@@ -52,6 +56,13 @@ bool readLispGlobal(CStringView name, int& value) {
         return false;
     value = leadingInteger(*text);
     return value != 0;
+}
+
+bool setSelectedDrawings(const CStringArray& paths) {
+    if (!platform().host.documents->hasCurrentDocument())
+        return false;
+    const HostResultBuffer list = HostResultBuffer().addStrings(paths);
+    return platform().host.lisp->setSymbol(u"GBL_SELECTED_DWGS", list) == LispStatus::success;
 }
 
 } // namespace ryv

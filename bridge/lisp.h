@@ -15,6 +15,14 @@ LispStatus invokeLisp(const HostResultBuffer& call, HostResultBuffer& result);
 bool invokeLispForString(CStringView function, CString& result);
 bool invokeLispForString(CStringView function, CStringView argument, CString& result);
 
+/// Evaluates an expression given as text; its value is let go. The host's status, -5004 without a current
+/// document.
+LispStatus evaluateLisp(CStringView expression);
+
+/// Makes a LISP function callable through invokeLisp(). The expression that asks for it is the host's own and
+/// may have up to 127 characters; a name that makes it longer gives `failure`, and nothing is evaluated.
+LispStatus exposeLispFunction(CStringView name);
+
 /// Reads a LISP global variable as a text: found when its value is a string.
 bool readLispGlobal(CStringView name, CString& value);
 
@@ -23,5 +31,9 @@ bool readLispGlobal(CStringView name, CString& value);
 /// reads as not found, with `value` 0, which the package's LISP code relies on. On failure `value` is left
 /// alone.
 bool readLispGlobal(CStringView name, int& value);
+
+/// Tells LISP which drawings the next drawing-list command works on: their full paths in the order of
+/// selection; none gives an empty list. False without a current document or when the host refuses.
+bool setSelectedDrawings(const CStringArray& paths);
 
 } // namespace ryv

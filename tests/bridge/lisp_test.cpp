@@ -1,4 +1,5 @@
 #include "bridge/lisp.h"
+#include "tests/bridge/recording_host.h"
 #include "tests/support/scripted_platform.h"
 #include "tests/support/text.h"
 
@@ -119,6 +120,36 @@ TEST_F(Lisp, globals_areAskedForByName) {
     EXPECT_FALSE(readLispGlobal(u"H", text));
     const std::vector<std::vector<CString>> expected{{u"ryv_get_var", u"G"}, {u"ryv_get_var", u"H"}};
     EXPECT_EQ(lisp.calls(), expected);
+}
+
+TEST(LispExpressions, exposing_fillsTheBufferOfTheHostAndNoMore) {
+    RecordingHost host;
+    host.lisp.reply = HostResultBuffer().addNil();
+    EXPECT_EQ(exposeLispFunction(u"kq_cfg_add_lay"), LispStatus::success);
+    const std::vector<std::string> expected{"\"veval-str+\" \"(expose 'kq_cfg_add_lay)\""};
+    EXPECT_EQ(host.lisp.calls, expected);
+    host.lisp.status = static_cast<LispStatus>(5101);
+    EXPECT_EQ(static_cast<int>(exposeLispFunction(CString(127 - 10, u'f'))), 5101);
+    EXPECT_EQ(host.lisp.calls.size(), 2u);
+    EXPECT_EQ(exposeLispFunction(CString(128 - 10, u'f')), LispStatus::failure);
+    EXPECT_EQ(host.lisp.calls.size(), 2u);
+    host.documents.current = DocumentId::none;
+    EXPECT_EQ(exposeLispFunction(u"f"), LispStatus::noDocument);
+    EXPECT_EQ(evaluateLisp(u"(f)"), LispStatus::noDocument);
+    EXPECT_EQ(host.lisp.calls.size(), 2u);
+}
+
+TEST(LispExpressions, selectedDrawings_areSetAsAListInTheirOrder) {
+    RecordingHost host;
+    EXPECT_TRUE(setSelectedDrawings({u"b", u"a"}));
+    EXPECT_TRUE(setSelectedDrawings({}));
+    const std::vector<std::string> expected{R"(GBL_SELECTED_DWGS = ( "b" "a" ))", "GBL_SELECTED_DWGS = nil"};
+    EXPECT_EQ(host.lisp.calls, expected);
+    host.lisp.status = LispStatus::failure;
+    EXPECT_FALSE(setSelectedDrawings({u"a"}));
+    host.documents.current = DocumentId::none;
+    EXPECT_FALSE(setSelectedDrawings({u"a"}));
+    EXPECT_EQ(host.lisp.calls.size(), 3u);
 }
 
 } // namespace
