@@ -1,0 +1,250 @@
+#include "embedded/documents/host.h"
+
+#include "base/encoding.h"
+#include "base/fold.h"
+#include "base/paths.h"
+#include "base/text.h"
+#include "embedded/os/native_path.h"
+#include "siblings/file_content.h"
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace drafta {
+
+Host::Host(HostOptions options)
+    : options_(std::move(options)),
+      searchPath_(*os_.platform().os.files,
+          [this] {
+              const Document* const document = documents_.current();
+              return document && document->isNamed ? ryv::paths::folderOf(document->name) : ryv::CString();
+          }),
+      lispHost_{os_.platform(), documents_, commandLine_, editor_,
+          os_.platform().os.paths->fromNative(options_.profileFolder),
+          [this](ryv::CStringView text) { options_.printError(ryv::nameToBytes(text)); },
+          [this](const ryv::CString& problem) { return shown(problem); }, {}} {
+    // Whoever keeps something there later finds it; when it cannot be made, that is when it is said.
+    std::error_code ignored;
+    std::filesystem::create_directories(options_.profileFolder, ignored);
+    fillPlatform();
+    defineSearchPath();
+    defineVariables();
+    defineCommands();
+    editor_.setBreakSource([this] { return commandLine_.takeInterrupt(); });
+}
+
+Host::~Host() = default;
+
+Documents::Parts Host::documentParts() {
+    Documents::Parts parts;
+    parts.files = os_.platform().os.files;
+    parts.paths = os_.platform().os.paths;
+    parts.commandLine = &commandLine_;
+    parts.saved = [this](ryv::CStringView path) { editor_.tellSaved(path); };
+    parts.makeLisp = [this] {
+        lisp::Services& services = *this;
+        return std::make_unique<LispSession>(services, lispAtWork_, [this](lisp::Interpreter& interpreter) {
+            lispPort_.connect(interpreter);
+            defineDocumentFunctions(interpreter, lispHost_);
+            defineDrawingFunctions(interpreter, lispHost_);
+            defineQuestionFunctions(interpreter, lispHost_);
+            defineProjectFunctions(interpreter, lispHost_);
+            defineFileFunctions(interpreter, lispHost_);
+        });
+    };
+    return parts;
+}
+
+TextTerminal Host::terminal() {
+    return {[this](ryv::CStringView text) { print(text); },
+        [this](ryv::CStringView text) { options_.printError(ryv::nameToBytes(text)); },
+        [this](ryv::CStringView prompt) { return askPerson(prompt); },
+        [this](ryv::CStringView path) { return paths().fromNative(ryv::nameToBytes(path)); }};
+}
+
+void Host::fillPlatform() {
+    ryv::Platform& ports = platform();
+    ports.host.lisp = &lispPort_;
+    ports.host.documents = &documents_;
+    ports.host.commands = this;
+    ports.host.console = this;
+    ports.host.files = &searchPath_;
+    ports.host.drawings = &drawingsPort_;
+    ports.host.editor = &editor_;
+    ports.host.profile = this;
+    ports.ui = &userInterface_;
+}
+
+/// What the user has put into the profile is found before what the product brings.
+void Host::defineSearchPath() {
+    for (const char* const folder : {"support", "package"})
+        searchPath_.add(paths().fromNative(joinNative(options_.profileFolder, folder)));
+    for (const char* const folder : {"package", "support", "template"})
+        searchPath_.add(paths().fromNative(joinNative(options_.productFolder, folder)));
+    templateFolder_ = searchPath_.folders().back();
+    // Not from a drawing's folder: whoever opens a drawing has not agreed to run what lies beside it.
+    documents_.setPackage(searchPath_.findAmongFolders(u"package.lsp"));
+}
+
+void Host::defineVariables() {
+    const auto name = [this] { return documents_.fileName(documents_.currentDocument()); };
+    editor_.defineVariable(u"DWGNAME", [name] { return ryv::CString(ryv::paths::findFileName(name())); });
+    editor_.defineVariable(u"DWGPREFIX", [this, name]() -> ryv::SystemVariable {
+        const bool isNamed = documents_.isNamed(documents_.currentDocument());
+        return isNamed ? ryv::paths::folderOf(name()) + u"\\" : ryv::CString();
+    });
+    editor_.defineVariable(u"DWGTITLED",
+        [this]() -> ryv::SystemVariable { return documents_.isNamed(documents_.currentDocument()) ? 1 : 0; });
+    editor_.defineVariable(u"DBMOD", [this]() -> ryv::SystemVariable {
+        const Document* const document = documents_.current();
+        return document && document->drawing->isModified() ? 1 : 0;
+    });
+    editor_.defineVariable(u"CleanScreenState", ryv::SystemVariable(0));
+    editor_.defineVariable(u"CMDECHO", ryv::SystemVariable(1));
+    editor_.defineVariable(u"USERI1", ryv::SystemVariable(0));
+    editor_.defineVariable(u"USERR1", ryv::SystemVariable(0.0));
+    editor_.defineVariable(u"USERS1", ryv::SystemVariable(ryv::CString()));
+}
+
+bool Host::newDocument() {
+    ryv::DrawingResult result;
+    const ryv::CString file = searchPath_.findFile(u"qdra.dwt");
+    const ryv::DocumentId made = documents_.make(file, result);
+    tell(result);
+    return made != ryv::DocumentId::none;
+}
+
+bool Host::openDocument(ryv::CStringView path) {
+    ryv::DrawingResult result;
+    const ryv::DocumentId opened = documents_.open(path, result);
+    tell(result);
+    return opened != ryv::DocumentId::none;
+}
+
+bool Host::openProject(ryv::CStringView path) {
+    ryv::HostResultBuffer result;
+    const auto call = ryv::HostResultBuffer().addString(u"ryv_makeproj_active").addString(path);
+    ryv::FileInformation information;
+    const ryv::FileStatus status = files().information(path, information);
+    if (Document* const document = documents_.current())
+        document->lisp->interpreter().expose(u"ryv_makeproj_active");
+    if (status.ok() && lispPort_.invoke(call, result) == ryv::LispStatus::success)
+        return true;
+    const char* const reason = status.ok() ? "the package does not take it" : describe(status.error);
+    print(u"\n" + shown(ryv::CString(path) + u": " + ryv::fromAscii(reason)) + u"\n");
+    return false;
+}
+
+void Host::warnOfChanges() {
+    for (const ryv::DocumentId id : documents_.documents()) {
+        const Document* const document = documents_.find(id);
+        if (document->drawing->isModified())
+            options_.printError(ryv::nameToBytes(shown(document->name + u": the changes were not saved\n")));
+    }
+}
+
+bool Host::loadLisp(ryv::CStringView path) {
+    Document* const document = documents_.current();
+    if (!document)
+        return false;
+    const ryv::DocumentId id = document->id;
+    documents_.beginBusy(id);
+    const bool loaded = document->lisp->load(path);
+    documents_.endBusy(id);
+    commandLine_.runUntilIdle();
+    return loaded;
+}
+
+void Host::runLine(ryv::CStringView line) {
+    commandLine_.type(line);
+    commandLine_.runUntilIdle();
+}
+
+ryv::CString Host::prompt() {
+    return commandLine_.hasOpenExpression(documents_.currentDocument()) ? u"(_> " : u"Command: ";
+}
+
+void Host::interrupt() noexcept {
+    commandLine_.interrupt();
+    lispAtWork_.interrupt();
+}
+
+/// Problems begin with the module's path of a file; people are shown the one that they know.
+ryv::CString Host::shown(const ryv::CString& problem) {
+    for (std::size_t colon = problem.find(u':'); colon != ryv::CString::npos;
+         colon = problem.find(u':', colon + 1)) {
+        const char16_t next = colon + 1 < problem.size() ? problem[colon + 1] : u' ';
+        if (colon < 2 || (next != u' ' && (next < u'0' || next > u'9')))
+            continue;
+        const ryv::CString path = problem.substr(0, colon);
+        return ryv::paths::isRelative(path)
+                   ? problem
+                   : ryv::nameFromBytes(paths().toNative(path)) + problem.substr(colon);
+    }
+    return problem;
+}
+
+void Host::tell(const ryv::DrawingResult& result) {
+    if (!result.ok())
+        print(u"\n" + shown(result.problem) + u"\n");
+}
+
+std::optional<ryv::CString> Host::evaluate(ryv::CStringView expression) {
+    Document* const document = documents_.current();
+    if (!document) {
+        print(u"\nThere is no document, and LISP belongs to documents.\n");
+        return std::nullopt;
+    }
+    return document->lisp->evaluate(expression);
+}
+
+bool Host::callLispCommand(ryv::CStringView name) {
+    Document* const document = documents_.current();
+    return document && document->lisp->callCommand(name);
+}
+
+std::optional<ryv::CString> Host::askPerson(ryv::CStringView prompt) {
+    if (!options_.readLine)
+        return std::nullopt;
+    const std::optional<std::string> line = options_.readLine(ryv::nameToBytes(prompt));
+    if (!line || commandLine_.isInterrupted())
+        return std::nullopt;
+    return ryv::decodeUtf8(*line);
+}
+
+bool Host::readScript(ryv::CStringView path, ryv::CString& text) {
+    const ryv::CString found = searchPath_.findFile(path);
+    const ryv::CString file = found.empty() ? ryv::CString(path) : found;
+    ryv::ByteBuffer bytes;
+    ryv::Fingerprint fingerprint;
+    const ryv::FileStatus status = ryv::readWholeFile(files(), file, bytes, fingerprint);
+    if (!status.ok()) {
+        print(u"\n" + shown(file + u": " + ryv::fromAscii(describe(status.error))) + u"\n");
+        return false;
+    }
+    ryv::TextEncoding encoding{};
+    text = ryv::decodeDetecting(bytes.view(), encoding);
+    return true;
+}
+
+void Host::print(ryv::CStringView text) {
+    options_.print(ryv::nameToBytes(text));
+}
+
+std::optional<ryv::CString> Host::getEnvironment(ryv::CStringView name) {
+    if (const auto hit = environment_.find(ryv::CString(name)); hit != environment_.end())
+        return hit->second;
+    const char* const value = std::getenv(ryv::nameToBytes(name).c_str());
+    return value ? std::optional(ryv::nameFromBytes(value)) : std::nullopt;
+}
+
+void Host::setEnvironment(ryv::CStringView name, ryv::CStringView value) {
+    environment_[ryv::CString(name)] = value;
+}
+
+ryv::CStringArray Host::supportFolders() {
+    const auto& folders = searchPath_.folders();
+    return ryv::CStringArray(folders.begin(), folders.end());
+}
+
+} // namespace drafta

@@ -1,0 +1,146 @@
+// The embedded host, put together: documents, command line, LISP, drawings, questions and the ports on them.
+#pragma once
+
+#include "embedded/documents/command_line.h"
+#include "embedded/documents/documents.h"
+#include "embedded/documents/drawings_port.h"
+#include "embedded/documents/editor.h"
+#include "embedded/documents/lisp_functions.h"
+#include "embedded/documents/lisp_port.h"
+#include "embedded/os/posix_platform.h"
+#include "embedded/services/search_path.h"
+#include "embedded/services/text_user_interface.h"
+
+namespace drafta {
+
+/// Where the host finds things and what it talks through. Folders and texts are native bytes.
+struct HostOptions {
+    std::string profileFolder;                   ///< for what the user sets; made when it is missing
+    std::string productFolder;                   ///< with the folders "package", "support" and "template"
+    std::function<void(std::string_view)> print; ///< on the command line
+    std::function<void(std::string_view)> printError; ///< beside it
+    /// A line from the person in front of the terminal, without its end; nothing when nobody is there.
+    std::function<std::optional<std::string>(std::string_view prompt)> readLine;
+};
+
+class Host final : private CommandLineSite,
+                   private lisp::Services,
+                   private ryv::HostCommands,
+                   private ryv::HostConsole,
+                   private ryv::HostProfile {
+public:
+    explicit Host(HostOptions options);
+    Host(const Host&) = delete;
+    Host& operator=(const Host&) = delete;
+    ~Host() override;
+
+    ryv::Platform& platform() noexcept { return os_.platform(); }
+    PathMapper& mapper() noexcept { return os_.mapper(); }
+    Documents& documents() noexcept { return documents_; }
+    CommandLine& commandLine() noexcept { return commandLine_; }
+    TextUserInterface& userInterface() noexcept { return userInterface_; }
+
+    /// Makes a document of the product's template, or opens a drawing; false after a failure, which is
+    /// printed.
+    bool newDocument();
+    bool openDocument(ryv::CStringView path);
+
+    /// Makes a project the active one of the package; false, with the reason printed, when it cannot be.
+    bool openProject(ryv::CStringView path);
+
+    /// Says beside the command line which drawings have changes that are not saved.
+    void warnOfChanges();
+
+    /// Loads a LISP file in the current document and runs what it queues; false after an error, which is
+    /// printed.
+    bool loadLisp(ryv::CStringView path);
+
+    /// Runs a line as typed on the command line, and what it queues.
+    void runLine(ryv::CStringView line);
+
+    /// What the next line is asked for with: the command prompt, or the one for the rest of an expression.
+    ryv::CString prompt();
+
+    /// Breaks off what runs. May be called from a signal handler.
+    void interrupt() noexcept;
+
+    /// True when the user has asked to leave, and nothing keeps the host running.
+    bool hasQuit() const noexcept { return hasQuit_; }
+
+private:
+    Documents::Parts documentParts();
+    TextTerminal terminal();
+    void fillPlatform();
+    void defineSearchPath();
+    void defineVariables();
+    void defineCommands();
+    void addCommand(ryv::CStringView name, std::uint32_t flags, void (Host::*run)());
+    ryv::CString shown(const ryv::CString& problem);
+    ryv::CString askPath(ryv::CStringView prompt);
+    void tell(const ryv::DrawingResult& result);
+    void tellOf(ryv::CStringView done);
+    bool keepChanges();
+
+    void runOpen();
+    void runNew();
+    void runSave();
+    void runSaveAs();
+    void runClose();
+    void runQuit();
+    void runScript();
+    void runScriptNow();
+    void runHelp();
+    void runSetVariable();
+
+    // CommandLineSite
+    ryv::DocumentId currentDocument() override { return documents_.currentDocument(); }
+    void activate(ryv::DocumentId document) override { documents_.activate(document); }
+    void beginBusy(ryv::DocumentId document) override { documents_.beginBusy(document); }
+    void endBusy(ryv::DocumentId document) override { documents_.endBusy(document); }
+    void lockModeChanged(ryv::DocumentId document, ryv::CStringView command) override {
+        documents_.lockModeChanged(document, command);
+    }
+    void settle() override { documents_.settle(); }
+    std::optional<ryv::CString> evaluate(ryv::CStringView expression) override;
+    bool callLispCommand(ryv::CStringView name) override;
+    std::optional<ryv::CString> askPerson(ryv::CStringView prompt) override;
+    bool readScript(ryv::CStringView path, ryv::CString& text) override;
+
+    // CommandLineSite, lisp::Services and ryv::HostConsole
+    void print(ryv::CStringView text) override;
+
+    // lisp::Services
+    ryv::Files& files() override { return *platform().os.files; }
+    ryv::SystemPaths& paths() override { return *platform().os.paths; }
+    ryv::CString findFile(ryv::CStringView name) override { return searchPath_.findFile(name); }
+    std::optional<ryv::CString> getEnvironment(ryv::CStringView name) override;
+    void setEnvironment(ryv::CStringView name, ryv::CStringView value) override;
+
+    // ryv::HostCommands
+    bool addCommand(ryv::HostCommand command) override;
+    bool removeGroup(ryv::CStringView group) override { return commandLine_.stack().removeGroup(group); }
+    bool runCommand(const ryv::CStringArray& words) override { return commandLine_.runCommand(words); }
+
+    // ryv::HostProfile
+    ryv::CString profileKey() override { return u"Software\\drafta\\Profiles\\Default"; }
+    ryv::CString productKey() override { return u"Software\\drafta"; }
+    ryv::CString templateFolder() override { return templateFolder_; }
+    ryv::CStringArray supportFolders() override;
+
+    HostOptions options_;
+    PosixPlatform os_;
+    CommandLine commandLine_{*this};
+    Documents documents_{documentParts()};
+    LispPort lispPort_{documents_};
+    DrawingsPort drawingsPort_{documents_, *os_.platform().os.files};
+    Editor editor_;
+    SearchPath searchPath_;
+    TextUserInterface userInterface_{terminal()};
+    LispHost lispHost_;
+    ryv::CString templateFolder_;
+    std::map<ryv::CString, ryv::CString> environment_;
+    LispAtWork lispAtWork_;
+    bool hasQuit_ = false;
+};
+
+} // namespace drafta

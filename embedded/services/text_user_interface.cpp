@@ -1,0 +1,221 @@
+#include "embedded/services/text_user_interface.h"
+
+#include "base/fold.h"
+#include "base/format.h"
+#include "base/text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace drafta {
+
+namespace {
+
+using ryv::Answer;
+using ryv::FormField;
+using ryv::MessageButtons;
+
+struct Choice {
+    Answer answer;
+    ryv::CStringView word;
+};
+
+constexpr std::array<Choice, 5> words = {{{Answer::ok, u"ok"}, {Answer::cancel, u"cancel"},
+    {Answer::yes, u"yes"}, {Answer::no, u"no"}, {Answer::retry, u"retry"}}};
+
+std::vector<Answer> offered(MessageButtons buttons) {
+    switch (buttons) {
+    case MessageButtons::ok:
+        return {Answer::ok};
+    case MessageButtons::okCancel:
+        return {Answer::ok, Answer::cancel};
+    case MessageButtons::yesNo:
+        return {Answer::yes, Answer::no};
+    case MessageButtons::yesNoCancel:
+        return {Answer::yes, Answer::no, Answer::cancel};
+    case MessageButtons::retryCancel:
+        return {Answer::retry, Answer::cancel};
+    }
+    return {};
+}
+
+ryv::CStringView wordOf(Answer answer) {
+    for (const Choice& choice : words)
+        if (choice.answer == answer)
+            return choice.word;
+    return {};
+}
+
+ryv::CString joined(const std::vector<ryv::CString>& parts, ryv::CStringView between) {
+    ryv::CString text;
+    for (const ryv::CString& part : parts)
+        text += text.empty() ? part : ryv::CString(between) + part;
+    return text;
+}
+
+bool startsNoCase(ryv::CStringView text, ryv::CStringView start) {
+    return !start.empty() && text.size() >= start.size() &&
+           ryv::equalNoCase(text.substr(0, start.size()), start);
+}
+
+/// One of `choices` by its text, or by its number counted from 1 when no choice has that text.
+const ryv::CString* chosen(const ryv::CStringArray& choices, ryv::CStringView text) {
+    for (const ryv::CString& choice : choices)
+        if (ryv::equalNoCase(choice, text))
+            return &choice;
+    const std::optional<long long> number = ryv::parseInteger(text);
+    if (!number || *number < 1 || static_cast<std::size_t>(*number) > choices.size())
+        return nullptr;
+    return &choices[static_cast<std::size_t>(*number) - 1];
+}
+
+ryv::CString promptOf(const FormField& field) {
+    ryv::CString prompt = field.label.empty() ? field.name : field.label;
+    int number = 0;
+    for (const ryv::CString& choice : field.choices)
+        prompt += ryv::format(u"\n  %d %s", {++number, choice});
+    const std::vector<ryv::CString> proposed(field.values.begin(), field.values.end());
+    if (!proposed.empty())
+        prompt += ryv::format(u" <%s>", {joined(proposed, u" | ")});
+    return prompt + u": ";
+}
+
+} // namespace
+
+std::optional<ryv::CString> TextUserInterface::answer(
+    ryv::CStringView kind, ryv::CStringView name, ryv::CStringView prompt) {
+    if (std::optional<ryv::CString> line = answers_.next(kind, name))
+        return line;
+    return terminal_.ask(prompt);
+}
+
+void TextUserInterface::unanswered(ryv::CStringView kind, ryv::CStringView name) {
+    terminal_.warn(ryv::format(u"cancelled, nobody answered it: %s %s\n", {kind, name}));
+}
+
+Answer TextUserInterface::messageBox(const ryv::MessageBoxRequest& request) {
+    const ryv::CStringView between = request.caption.empty() ? u"" : u": ";
+    terminal_.print(ryv::format(u"\n%s%s%s\n", {request.caption, between, request.text}));
+    const std::vector<Answer> buttons = offered(request.buttons);
+    if (buttons.size() == 1)
+        return buttons[0];
+    std::vector<ryv::CString> names;
+    for (const Answer button : buttons)
+        names.emplace_back(wordOf(button));
+    const ryv::CString number = ryv::toText(request.message);
+    std::optional<ryv::CString> line = answers_.next(u"message", number);
+    const bool fromFile = line.has_value();
+    if (!fromFile)
+        line = terminal_.ask(ryv::format(u"[%s]: ", {joined(names, u"/")}));
+    for (; line; line = fromFile ? std::nullopt : terminal_.ask(u"Please choose one of them: "))
+        for (const Answer button : buttons)
+            if (startsNoCase(wordOf(button), *line))
+                return button;
+    unanswered(u"message", number);
+    return NullUserInterface::messageBox(request);
+}
+
+int TextUserInterface::taskDialog(const ryv::TaskDialogRequest& request) {
+    terminal_.print(ryv::format(u"\n%s\n%s\n%s\n", {request.title, request.instruction, request.content}));
+    ryv::CString prompt;
+    for (const ryv::TaskDialogButton& button : request.buttons)
+        prompt += ryv::format(u"  %d %s\n", {button.id, button.text});
+    const std::optional<ryv::CString> line = answer(u"task", request.id, prompt + u"Choose: ");
+    if (line && line->empty() && request.defaultButton != 0)
+        return request.defaultButton;
+    if (line)
+        for (const ryv::TaskDialogButton& button : request.buttons)
+            if (ryv::equalNoCase(*line, button.text) || *line == ryv::toText(button.id))
+                return button.id;
+    unanswered(u"task", request.id);
+    return idCancel;
+}
+
+std::vector<ryv::CString> TextUserInterface::chooseFiles(const ryv::FileRequest& request) {
+    const ryv::CString number = ryv::toText(request.title);
+    const std::optional<ryv::CString> line =
+        answer(u"file", number, request.text + u" (" + request.extension + u"): ");
+    if (!line)
+        unanswered(u"file", number);
+    std::vector<ryv::CString> paths;
+    if (!line || line->empty() || ryv::equalNoCase(*line, u"cancel"))
+        return paths;
+    for (const ryv::CString& part : ryv::split(*line, u'|'))
+        paths.push_back(terminal_.toModulePath(ryv::trim(part)));
+    if (!request.many)
+        paths.resize(1);
+    return paths;
+}
+
+bool TextUserInterface::fillForm(ryv::FormRequest& request) {
+    terminal_.print(ryv::format(u"\n%s\n", {request.title}));
+    if (const std::optional<ryv::CString> line = answers_.next(u"form", request.name))
+        return answerForm(request, *line);
+    return askForm(request);
+}
+
+bool TextUserInterface::answerForm(ryv::FormRequest& request, ryv::CStringView line) {
+    if (ryv::equalNoCase(line, u"cancel"))
+        return false;
+    const std::optional<FormAnswer> answer = parseFormAnswer(line);
+    ryv::FormRequest filled = request;
+    bool good = answer.has_value();
+    if (good)
+        for (const auto& [name, values] : *answer)
+            good = accept(filled, name, values) && good;
+    if (good)
+        request = std::move(filled);
+    else
+        terminal_.warn(
+            ryv::format(u"cancelled, the answer does not fit: form %s: %s\n", {request.name, line}));
+    return good;
+}
+
+bool TextUserInterface::accept(
+    ryv::FormRequest& request, ryv::CStringView name, const ryv::CStringArray& values) {
+    for (FormField& field : request.fields)
+        if (ryv::equalNoCase(field.name, name))
+            return accept(field, values);
+    return false;
+}
+
+bool TextUserInterface::accept(FormField& field, const ryv::CStringArray& values) {
+    ryv::CStringArray taken;
+    for (const ryv::CString& value : values) {
+        const bool free = field.kind == FormField::Kind::text || field.kind == FormField::Kind::check;
+        const ryv::CString* const known = free ? &value : chosen(field.choices, value);
+        if (!known && !(field.kind == FormField::Kind::list && value.empty()))
+            return false;
+        if (known)
+            taken.push_back(*known);
+    }
+    const bool single = field.kind != FormField::Kind::list;
+    if (single && taken.size() != 1)
+        return false;
+    if (field.kind == FormField::Kind::check && taken[0] != u"0" && taken[0] != u"1")
+        return false;
+    field.values = std::move(taken);
+    return true;
+}
+
+bool TextUserInterface::askForm(ryv::FormRequest& request) {
+    ryv::FormRequest filled = request;
+    for (std::size_t i = 0; i < filled.fields.size();) {
+        FormField& field = filled.fields[i];
+        const std::optional<ryv::CString> line = terminal_.ask(promptOf(field));
+        if (!line) {
+            unanswered(u"form", request.name);
+            return false;
+        }
+        const ryv::CStringArray values =
+            field.kind == FormField::Kind::list ? ryv::split(*line, u'|') : ryv::CStringArray{*line};
+        if (line->empty() || accept(field, values))
+            ++i;
+        else
+            terminal_.print(u"\nThat is none of the choices.\n");
+    }
+    request = std::move(filled);
+    return true;
+}
+
+} // namespace drafta

@@ -1,0 +1,280 @@
+// The host as a whole, with the product's files and an empty profile, but without the package's LISP.
+#include "embedded/documents/host.h"
+
+#include "base/fold.h"
+#include "base/text.h"
+#include "tests/support/temp_folder.h"
+#include "tests/support/text.h"
+
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <thread>
+
+namespace drafta {
+namespace {
+
+using ryv::CString;
+using ryv::CStringView;
+using ryv::DocumentId;
+using ryv::test::TempFolder;
+
+const std::string documents = RYV_TEST_DATA "/../../../docs/";
+const std::string product = RYV_TEST_DATA "/../../../embedded/product";
+const std::string sample = RYV_TEST_DATA "/../../../samples/pump-station/";
+
+class HostTest : public ::testing::Test {
+protected:
+    TempFolder folder;
+    std::string printed;
+    std::string errors;
+    Host host{{folder.native("profile"), product, [this](std::string_view text) { printed += text; },
+        [this](std::string_view text) { errors += text; }, nullptr}};
+
+    void SetUp() override { ASSERT_TRUE(host.newDocument()) << printed; }
+
+    /// What a line typed on the command line prints.
+    std::string line(const std::string& text) {
+        printed.clear();
+        host.runLine(ryv::decodeUtf8(text));
+        return std::string(printed, printed.find_first_not_of('\n') == std::string::npos
+                                        ? printed.size()
+                                        : printed.find_first_not_of('\n'));
+    }
+    std::string copyOf(const std::string& drawing, const std::string& name) {
+        std::filesystem::copy_file(sample + drawing, folder.native(name));
+        return folder.native(name);
+    }
+    CString module(const std::string& name) { return folder.module(ryv::nameFromBytes(name)); }
+};
+
+struct Example {
+    std::string form;
+    std::string value;
+};
+
+/// The lines "form => value" of the LISP blocks of a page.
+std::vector<Example> examplesOf(const std::string& page) {
+    std::vector<Example> examples;
+    bool inside = false;
+    std::istringstream lines(ryv::test::readBytes(page));
+    for (std::string text; std::getline(lines, text);) {
+        if (text.starts_with("```"))
+            inside = text == "```lisp";
+        else if (const std::size_t arrow = text.find("=>"); inside && arrow != std::string::npos)
+            examples.push_back({text.substr(0, arrow), text.substr(text.find_first_not_of(' ', arrow + 2))});
+    }
+    return examples;
+}
+
+TEST_F(HostTest, pageOfTheHostFunctions_isTrueAndComplete) {
+    const std::vector<Example> examples = examplesOf(documents + "lisp-host.md");
+    ASSERT_GT(examples.size(), 20u);
+    for (const Example& example : examples)
+        EXPECT_EQ(line(example.form), example.value) << example.form;
+
+    const std::string page = ryv::test::readBytes(documents + "lisp-host.md");
+    class NoServices final : public lisp::Services {
+    public:
+        ryv::NullFiles none;
+        ryv::NullSystemPaths nowhere;
+        void print(CStringView) override {}
+        ryv::Files& files() override { return none; }
+        ryv::SystemPaths& paths() override { return nowhere; }
+        CString findFile(CStringView) override { return {}; }
+        std::optional<CString> getEnvironment(CStringView) override { return std::nullopt; }
+        void setEnvironment(CStringView, CStringView) override {}
+    } services;
+    const lisp::Interpreter plain(services);
+    for (const CString& name : host.documents().current()->lisp->interpreter().functions()) {
+        if (!plain.isFunction(name)) {
+            EXPECT_NE(page.find("`(" + ryv::toAscii(ryv::toLower(name))), std::string::npos)
+                << ryv::toAscii(name);
+        }
+    }
+}
+
+TEST_F(HostTest, documents_openOnceWhateverTheirSpelling) {
+    const std::string path = copyOf("01 Cover Sheet.dwg", "Cover.dwg");
+    line("open " + path);
+    const DocumentId opened = host.documents().currentDocument();
+    EXPECT_NE(opened, DocumentId(1));
+    line("(doc-activate 1)");
+    line("open " + folder.native() + "/./COVER.DWG");
+    EXPECT_EQ(host.documents().currentDocument(), opened);
+    EXPECT_EQ(host.documents().documents().size(), 2u);
+    EXPECT_EQ(line("open " + folder.native("none.dwg")).find(folder.native("none.dwg") + ": "), 0u)
+        << printed;
+}
+
+TEST_F(HostTest, openDrawing_isReachedThroughItsDocument) {
+    const std::string path = copyOf("01 Cover Sheet.dwg", "a.dwg");
+    line("open " + path);
+    EXPECT_EQ(line("(setq own (dwg-current)) (dwg-first own \"TITLE_A\") (dwg-set own \"REV\" \"own\")"),
+        "<DRAWING: 1>\nT\nT");
+    ryv::DrawingResult result;
+    const auto other = host.platform().host.drawings->open(module("a.dwg"), result);
+    ASSERT_TRUE(other && other->firstReference(u"TITLE_A"));
+    EXPECT_TRUE(other->writeAttribute(u"DRAWN", u"other"));
+    EXPECT_TRUE(other->save().ok());
+    EXPECT_EQ(line("(dwg-get own \"DRAWN\")"), "\"other\"") << "one drawing, two views";
+    line("(dwg-set own \"CHECKED\" \"again\")");
+    line("qsave");
+    const std::string saved = ryv::test::readBytes(path);
+    for (const char* const text : {"\r\nown\r\n", "\r\nother\r\n", "\r\nagain\r\n"})
+        EXPECT_NE(saved.find(text), std::string::npos) << text;
+    const auto id = host.documents().currentDocument();
+    line("(doc-activate 1)");
+    EXPECT_TRUE(host.documents().close(id));
+    EXPECT_FALSE(other->hasAttribute(u"REV")) << "the document is gone";
+    EXPECT_FALSE(other->save().ok());
+}
+
+TEST_F(HostTest, observers_hearTheLifeOfADocumentInOrder) {
+    class Observer final : public ryv::DocumentObserver, public ryv::InputContextObserver {
+    public:
+        std::vector<std::string> log;
+        Host* host = nullptr;
+        void note(const char* what, DocumentId id) {
+            log.push_back(std::string(what) + " " + std::to_string(static_cast<int>(id)));
+        }
+        void documentCreated(DocumentId id) override {
+            note("created", id);
+            host->documents().attach(id, *this);
+        }
+        void documentToBeDestroyed(DocumentId id) override { note("ending", id); }
+        void documentDestroyed(DocumentId id) override { note("destroyed", id); }
+        void documentActivated(DocumentId id) override { note("activated", id); }
+        void documentLockModeChanged(DocumentId, CStringView command) override {
+            log.push_back(ryv::toAscii(command));
+        }
+        void beginQuiescentState(DocumentId id) override { note("idle", id); }
+        void endQuiescentState(DocumentId id) override { note("busy", id); }
+    } observer;
+    observer.host = &host;
+    host.documents().add(observer);
+    line("open " + copyOf("01 Cover Sheet.dwg", "a.dwg"));
+    line("saveas " + folder.native("b"));
+    line("close");
+    host.documents().remove(observer);
+    host.documents().detach(observer);
+    EXPECT_EQ(observer.log, (std::vector<std::string>{"created 2", "activated 2", "busy 2", "SAVEAS",
+                                "SAVEAS", "idle 2", "ending 2", "destroyed 2", "activated 1"}));
+    EXPECT_TRUE(std::filesystem::exists(folder.native("b.dwg")));
+}
+
+TEST_F(HostTest, queuedOpen_runsWhenIdle_asTheModuleSendsIt) {
+    const std::string path = copyOf("01 Cover Sheet.dwg", "with blanks.dwg");
+    ryv::HostDocuments& port = host.documents();
+    port.executeInApplicationContext([&] {
+        port.sendStringToExecute(
+            port.currentDocument(), u"_.open \"" + module("with blanks.dwg") + u"\"\r", {true, false, true});
+        EXPECT_FALSE(port.isQuiescent(port.currentDocument()));
+    });
+    EXPECT_EQ(port.documents().size(), 1u);
+    printed.clear();
+    host.commandLine().runUntilIdle();
+    EXPECT_EQ(port.documents().size(), 2u);
+    EXPECT_EQ(printed, "\nCommand: _.open\nOpened " + path + "\n");
+    EXPECT_TRUE(port.isQuiescent(port.currentDocument()));
+}
+
+TEST_F(HostTest, scriptInsideACommand_opensADrawingAndGoesOnInIt) {
+    const std::string path = copyOf("01 Cover Sheet.dwg", "new.dwg");
+    folder.write("go.scr", "_.open\n\"" + path + "\"\n_continue\n");
+    CString continuedIn;
+    ryv::HostCommands& commands = *host.platform().host.commands;
+    commands.addCommand({u"T", u"_Continue", u"Continue", 0,
+        [&] { continuedIn = host.documents().fileName(host.documents().currentDocument()); }});
+    commands.addCommand({u"T", u"_Begin", u"Begin", 0, [&] {
+                             EXPECT_TRUE(commands.runCommand({u"_.RYV_SCRIPT", module("go.scr")}));
+                         }});
+    line("begin");
+    EXPECT_EQ(continuedIn, module("new.dwg"));
+    EXPECT_EQ(host.documents().documents().size(), 2u);
+}
+
+TEST_F(HostTest, moduleFunctions_takeArgumentsAndGiveResults) {
+    ryv::HostLisp& port = *host.platform().host.lisp;
+    EXPECT_EQ(port.defineFunction(u"ryv_try", 5), ryv::LispStatus::success);
+    EXPECT_EQ(line("(ryv_try 1)"), "nil") << "no handler yet";
+    EXPECT_EQ(port.registerHandler(6, [] { return 1; }), ryv::LispStatus::failure);
+    ryv::HostResultBuffer seen;
+    EXPECT_EQ(port.registerHandler(5,
+                  [&] {
+                      seen = port.getArgs();
+                      port.returnList(
+                          ryv::HostResultBuffer().addString(u"a").addListBegin().addInteger(2).addListEnd());
+                      return 1;
+                  }),
+        ryv::LispStatus::success);
+    EXPECT_EQ(line("(ryv_try \"x\" '(1 2) 70000)"), "(\"a\" (2))");
+    ASSERT_EQ(seen.size(), 6u);
+    EXPECT_EQ(*seen.stringAt(0), u"x");
+    EXPECT_EQ(seen.at(1).type, ryv::ResultType::listBegin);
+    EXPECT_EQ(seen.at(5).type, ryv::ResultType::longInteger);
+    line("new");
+    EXPECT_NE(line("(ryv_try)").find("RYV_TRY"), std::string::npos) << "each document has a LISP of its own";
+
+    ryv::HostResultBuffer result;
+    const auto call = ryv::HostResultBuffer().addString(u"mine").addString(u"text");
+    line("(defun mine (s) (list s '(\"n\") nil))");
+    EXPECT_EQ(port.invoke(call, result), ryv::LispStatus::failure) << "not exposed yet";
+    line("(expose-function 'mine)");
+    EXPECT_EQ(port.invoke(call, result), ryv::LispStatus::success);
+    EXPECT_EQ(result.size(), 5u);
+    EXPECT_EQ(port.setSymbol(u"GBL_SELECTED_DWGS", ryv::HostResultBuffer().addStrings({u"a", u"b"})),
+        ryv::LispStatus::success);
+    EXPECT_EQ(line("GBL_SELECTED_DWGS").substr(0, 7), "Unknown");
+    EXPECT_EQ(line("(length gbl_selected_dwgs)"), "2");
+}
+
+TEST_F(HostTest, projectWrite_keepsAllElseAndRefusesWhatSomebodyElseChanged) {
+    folder.write("p.kqp", "*[1]first\r\n+[1]lib\r\n?[3]x\r\n=A\r\na.dwg\r\n");
+    const std::string path = "\"" + folder.native("p.kqp") + "\"";
+    EXPECT_EQ(line("(project-read " + path + ")"),
+        "((\"descriptions\" \"first\") (\"misc\" (1 . \"lib\")) "
+        "(\"settings\" (3 . \"x\")) (\"lines\" \"=A\" \"a.dwg\"))");
+    EXPECT_EQ(line("(project-write " + path + " '(\"lines\" \"b\\n.dwg\"))"), "T");
+    EXPECT_EQ(folder.read("p.kqp"), "*[1]first\n+[1]lib\n?[3]x\nb .dwg\n");
+    folder.write("p.kqp", "*[1]theirs\n");
+    EXPECT_NE(line("(project-write " + path + " '(\"lines\"))").find("somebody else changed it"),
+        std::string::npos);
+    EXPECT_EQ(folder.read("p.kqp"), "*[1]theirs\n");
+    EXPECT_NE(line("(project-read \"/nowhere/p.kqp\")").find("/nowhere/p.kqp: "), std::string::npos);
+}
+
+TEST_F(HostTest, quitting_asksForChangesAndCanBeVetoed) {
+    line("(setq h (dwg-current)) (dwg-insert h \"KQ_M\" (findfile \"KQ_M.dwg\") '(0 0 0) 1.0 0.0)");
+    line("quit");
+    EXPECT_FALSE(host.hasQuit()) << "nobody answered, so it was cancelled";
+    Answers answers;
+    CString problem;
+    ASSERT_TRUE(Answers::parse(u"message 1: no", answers, problem));
+    host.userInterface().setAnswers(answers);
+    class Veto final : public ryv::EditorObserver {
+        void beginQuit(bool& veto) override { veto = true; }
+    } veto;
+    host.platform().host.editor->add(veto);
+    line("quit");
+    EXPECT_FALSE(host.hasQuit());
+    host.platform().host.editor->remove(veto);
+    line("quit");
+    EXPECT_TRUE(host.hasQuit());
+}
+
+TEST_F(HostTest, interrupt_endsTheLispOfAllDocumentsAtWork) {
+    line("(defun forever () (while t))");
+    line("new");
+    std::thread breaker([this] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        host.interrupt();
+    });
+    EXPECT_NE(line("(while t (setq n 1)) (princ \"not reached\")").find("*Cancel*"), std::string::npos);
+    breaker.join();
+    EXPECT_EQ(printed.find("not reached"), std::string::npos);
+    EXPECT_EQ(line("(+ 1 2)"), "3");
+}
+
+} // namespace
+} // namespace drafta
