@@ -1,0 +1,26 @@
+// The command line of drafta.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace drafta {
+
+struct Options {
+    enum class Mode { none, console, batch, help, version };
+    Mode mode = Mode::none;
+    std::string batchFile;
+    std::string answersFile;
+    std::string profileFolder;
+    std::vector<std::pair<char, std::string>> drives;
+    std::vector<std::string> files; ///< drawings and projects to begin with
+};
+
+/// Takes the words behind the program's name. False, with one line in `problem`, when they make no sense.
+bool parseOptions(int argc, char** argv, Options& options, std::string& problem);
+
+/// What --help prints.
+const char* helpText() noexcept;
+
+} // namespace drafta
