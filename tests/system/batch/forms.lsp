@@ -1,0 +1,26 @@
+;; The set-ups: as many values back as went in, and nil when the user cancels.
+(defun show (value)
+  (prin1 value)
+  (terpri))
+
+(defun numbers (count / values)
+  (repeat count
+    (setq values (cons (itoa count) values)
+          count (1- count)))
+  values)
+(defun try (name arguments)
+  (prin1 (list name (apply name arguments)))
+  (terpri))
+(repeat 2
+  (try 'c:kq_xref_setup_graphical (list (numbers 7)))
+  (try 'c:kq_xref_setup_table (list (numbers 12)))
+  (try 'c:kq_xref_setup_text (list (numbers 5)))
+  (try 'c:ryv_cfg_component_suffix_dlg '(",A,B"))
+  (try 'c:ryv_cfg_wirenum_suffix_dlg '(""))
+  (try 'ryv_rename_wire_properties '("color"))
+  (try 'kq_proja_do_wfmt_bylay_setup '("WIRES=%N;PWR=%S%N"))
+  (try 'kq_cfg_Lref_setup '("1" "Ladders" nil nil))
+  (try 'kq_cfg_Lxy_setup (list nil "X-Y" (numbers 8)))
+  (try 'kq_strblk_inline_gap_su '((0.5 1.25) nil)))
+(try 'kq_strblk_inline_gap_su '(nil 1))
+(show (list (kq_kqp_get_dwg_WNUM_GAP_settings) (kq_xref_tbl_indexlst)))
