@@ -220,13 +220,21 @@ bool CommandLine::runCommand(const ryv::CStringArray& words) {
     return finished;
 }
 
-bool CommandLine::queueScript(ryv::CStringView path) {
-    auto source = std::make_unique<Source>();
+/// The commands of a file; null, with the reason printed, when it cannot be read.
+std::unique_ptr<CommandLine::Source> CommandLine::scriptSource(ryv::CStringView path) {
     ryv::CString text;
     if (!site_->readScript(path, text))
-        return false;
+        return nullptr;
+    auto source = std::make_unique<Source>();
     source->script = path;
     source->input.append(text + u"\n", Show::everything);
+    return source;
+}
+
+bool CommandLine::queueScript(ryv::CStringView path) {
+    std::unique_ptr<Source> source = scriptSource(path);
+    if (!source)
+        return false;
     // Below the words of the command that asked for it, which are dropped when that command ends.
     const auto words = std::find_if(
         sources_.begin(), sources_.end(), [](const auto& other) { return other->script.empty(); });
@@ -235,12 +243,9 @@ bool CommandLine::queueScript(ryv::CStringView path) {
 }
 
 bool CommandLine::runScript(ryv::CStringView path) {
-    auto source = std::make_unique<Source>();
-    ryv::CString text;
-    if (!site_->readScript(path, text))
+    std::unique_ptr<Source> source = scriptSource(path);
+    if (!source)
         return false;
-    source->script = path;
-    source->input.append(text + u"\n", Show::everything);
     sources_.push_back(std::move(source));
     const Source* const own = sources_.back().get();
     const auto isAtWork = [&] {

@@ -114,6 +114,7 @@ private:
     };
     class Running;
 
+    std::unique_ptr<Source> scriptSource(ryv::CStringView path);
     bool runOne();
     bool runFromScript();
     bool runFromQueue();
