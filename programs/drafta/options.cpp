@@ -23,7 +23,8 @@ std::string variable(const char* name) {
 std::string usualProfile() {
     if (const std::string folder = variable("XDG_CONFIG_HOME"); folder.starts_with('/'))
         return folder + "/drafta";
-    return variable("HOME") + "/.config/drafta";
+    const std::string home = variable("HOME");
+    return home.starts_with('/') ? home + "/.config/drafta" : std::string();
 }
 
 bool takeDrive(const std::string& text, Options& options) {
@@ -91,6 +92,10 @@ bool parseOptions(int argc, char** argv, Options& options, std::string& problem)
         options.files.emplace_back(argv[optind]);
     if (options.profileFolder.empty())
         options.profileFolder = usualProfile();
+    if (options.profileFolder.empty()) {
+        problem = "HOME does not say where your settings are: name their folder with --profile";
+        return false;
+    }
     if (options.mode == Options::Mode::none)
         problem = "this version has no window yet: start it with --console, or with --batch FILE.lsp";
     return options.mode != Options::Mode::none;
