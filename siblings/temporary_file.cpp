@@ -1,5 +1,7 @@
 #include "siblings/temporary_file.h"
 
+#include "base/fold.h"
+
 #include <thread>
 
 namespace ryv {
@@ -82,13 +84,22 @@ FileStatus TemporaryFile::tryToMake(milliseconds wait, bool& again) {
     return leftover == Leftover::inUse ? FileStatus{FileError::busy, 0} : status;
 }
 
-/// A name that is taken and leads nowhere is a symbolic link whose target is missing. It is removed only when
-/// that was seen several times running, because a file that comes and goes looks the same for a moment.
+/// A name that is taken and leads nowhere is a symbolic link whose target is missing. The temporary file of
+/// somebody who saves again and again is missing at some moments too, and must never be removed for that:
+/// only a link leads to another path than its own.
+bool TemporaryFile::isDanglingLink() {
+    FileInformation information;
+    if (files_.information(path_, information).error != FileError::missing)
+        return false;
+    CString resolved;
+    const FileStatus status = files_.resolve(path_, resolved);
+    return status.error == FileError::missing || (status.ok() && !equalNoCase(resolved, path_));
+}
+
+/// Removes such a link when it was seen several times running.
 void TemporaryFile::removeDanglingLink() {
     constexpr int certain = 4;
-    FileInformation information;
-    const bool missing = files_.information(path_, information).error == FileError::missing;
-    leadsNowhere_ = missing ? leadsNowhere_ + 1 : 0;
+    leadsNowhere_ = isDanglingLink() ? leadsNowhere_ + 1 : 0;
     if (leadsNowhere_ < certain)
         return;
     static_cast<void>(files_.remove(path_));

@@ -40,6 +40,7 @@ public:
     bool concerned() const noexcept { return concerned_; }
 
 private:
+    bool isDanglingLink();
     void removeDanglingLink();
     FileStatus tryToMake(std::chrono::milliseconds wait, bool& again);
     FileStatus own(std::chrono::milliseconds wait);
