@@ -100,8 +100,7 @@ bool setUpInlineGap(const std::vector<double>& present, std::vector<double>& gap
     HostResultBuffer request = call(u"kq_strblk_inline_gap_su").addListBegin();
     for (const double number : present)
         request.addReal(number);
-    // A LISP function takes a fixed number of arguments, so nil stands where the other form has 1.
-    return callLispForNumbers(request.addListEnd().addNil(), gap);
+    return callLispForNumbers(request.addListEnd(), gap);
 }
 
 bool findBlockFile(CStringView block, CString& file) {

@@ -1,7 +1,7 @@
 // The default values of drawing settings: fixed ones, and those that depend on the project and on the host.
 
-#include "bridge/lisp.h"
 #include "bridge/platform.h"
+#include "bridge/settings_calls.h"
 #include "model/drawing_settings.h"
 #include "model/drawing_settings_table.h"
 
@@ -14,10 +14,10 @@ constexpr int firstDependent = 60;
 /// The settings for which the package's LISP code may know better values while a document is open.
 struct HostDefault {
     int index;
-    CStringView function;
+    bool (*ask)(CString& value);
 };
-constexpr std::array<HostDefault, 4> hostDefaults{{{71, u"kq_xref_tbl_indexlst"},
-    {72, u"kq_xref_tbl_fldnams"}, {73, u"kq_xref_tbl_jstlst"}, {76, u"kq_kqp_get_dwg_WNUM_GAP_settings"}}};
+constexpr std::array<HostDefault, 4> hostDefaults{{{71, lisp::referenceTableIndices},
+    {72, lisp::referenceTableFieldNames}, {73, lisp::referenceTableAlignments}, {76, lisp::wireNumberGap}}};
 
 } // namespace
 
@@ -66,7 +66,7 @@ void RyvCfgDrawingSettings::fillCommonTail() {
         return;
     for (const HostDefault& entry : hostDefaults) {
         CString value;
-        if (invokeLispForString(entry.function, value))
+        if (entry.ask(value))
             set(entry.index, value);
     }
 }

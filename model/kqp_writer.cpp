@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "bridge/lisp.h"
 #include "bridge/platform.h"
+#include "bridge/project_calls.h"
 #include "model/kqp_filer.h"
 #include "model/line_prefixes.h"
 #include "model/project_line_writer.h"
@@ -211,7 +212,7 @@ void RyvPrmKQPFiler::SwapFullPathWithVariable(CString& text, bool expand) {
 
 void RyvPrmKQPFiler::replaceGblVars(CString& text) {
     if (platform().host.documents->hasCurrentDocument())
-        invokeLispForString(u"kq_1_luk4_replaceable_substitution", text, text);
+        lisp::substituteReplaceables(text, text);
     else
         text = platform().services.globalVariables->Gbl_ReplaceGblVars(text);
 }

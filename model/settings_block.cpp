@@ -218,7 +218,7 @@ bool writeTempScript(CStringView text, CString& path) {
     if (!script.Open(file, RyvStdioFileEx::modeWrite | RyvStdioFileEx::modeCreate).ok() ||
         !script.WriteString(text).ok() || !script.Close().ok())
         return false;
-    path = file;
+    path = replaceAll(file, u'/', u'\\'); // LISP writes "/" between the parts of a path
     return true;
 }
 

@@ -22,42 +22,51 @@ std::size_t behindLineEnd(ryv::CStringView text, std::size_t end) noexcept {
     return end + (text.substr(end, 2) == u"\r\n" ? 2 : 1);
 }
 
-std::size_t endOfString(ryv::CStringView text, std::size_t start) noexcept {
-    for (std::size_t i = start + 1; i < text.size(); ++i) {
-        if (text[i] == u'\\')
-            ++i;
-        else if (text[i] == u'"')
-            return i + 1;
-    }
-    return npos;
-}
-
-std::size_t endOfComment(ryv::CStringView text, std::size_t start) noexcept {
-    if (text.substr(start, 2) == u";|") {
-        const std::size_t end = text.find(u"|;", start + 2);
-        return end == npos ? npos : end + 2;
-    }
-    return lineEnd(text, start);
-}
-
 } // namespace
 
-std::size_t endOfExpression(ryv::CStringView text, std::size_t start) noexcept {
-    std::size_t depth = 0;
-    for (std::size_t i = start; i < text.size();) {
-        const char16_t unit = text[i];
-        if (unit == u'"' || unit == u';') {
-            i = unit == u'"' ? endOfString(text, i) : endOfComment(text, i);
-            if (i == npos)
-                return npos;
-            continue;
+/// Takes one unit, or two that belong together; false when the second one has not come yet.
+bool ExpressionScan::step(ryv::CStringView text) noexcept {
+    const char16_t unit = text[at_];
+    const bool isLast = at_ + 1 == text.size();
+    const char16_t next = isLast ? u'\0' : text[at_ + 1];
+    const bool pairs = (inside_ == Inside::string && unit == u'\\') ||
+                       (inside_ == Inside::code && unit == u';') ||
+                       (inside_ == Inside::blockComment && unit == u'|');
+    if (pairs && isLast)
+        return false;
+    ++at_;
+    switch (inside_) {
+    case Inside::string:
+        at_ += unit == u'\\' ? 1 : 0;
+        inside_ = unit == u'"' ? Inside::code : Inside::string;
+        break;
+    case Inside::lineComment:
+        inside_ = isLineEnd(unit) ? Inside::code : Inside::lineComment;
+        break;
+    case Inside::blockComment:
+        if (unit == u'|' && next == u';') {
+            ++at_;
+            inside_ = Inside::code;
         }
-        ++i;
-        if (unit == u'(')
-            ++depth;
-        else if (unit == u')' && --depth == 0)
-            return i;
+        break;
+    case Inside::code:
+        if (unit == u'"')
+            inside_ = Inside::string;
+        else if (unit == u';')
+            inside_ = next == u'|' ? Inside::blockComment : Inside::lineComment;
+        else if (unit == u'(' || unit == u')')
+            depth_ += unit == u'(' ? 1 : static_cast<std::size_t>(-1);
+        break;
     }
+    return true;
+}
+
+std::size_t ExpressionScan::end(ryv::CStringView text) noexcept {
+    if (at_ > start_ && depth_ == 0)
+        return at_;
+    while (at_ < text.size() && step(text))
+        if (depth_ == 0)
+            return at_;
     return npos;
 }
 
@@ -83,8 +92,11 @@ CommandInput::Extent CommandInput::nextCommand() const {
         else
             return {start, npos, false};
     }
-    if (text[start] == u'(')
-        return {start, endOfExpression(text, start), true};
+    if (text[start] == u'(') {
+        if (scan_.start() != start)
+            scan_ = ExpressionScan(start);
+        return {start, scan_.end(text), true};
+    }
     return {start, text.find_first_of(u" \t\r\n", start), false};
 }
 
@@ -120,7 +132,8 @@ std::optional<InputPiece> CommandInput::takeLine() {
         return std::nullopt;
     InputPiece result = piece(position_, end, false);
     result.text = ryv::CString(ryv::trim(result.text));
-    if (result.text.size() >= 2 && result.text.front() == u'"' && result.text.back() == u'"')
+    result.isLiteral = result.text.size() >= 2 && result.text.front() == u'"' && result.text.back() == u'"';
+    if (result.isLiteral)
         result.text = result.text.substr(1, result.text.size() - 2);
     moveTo(behindLineEnd(text_, end));
     return result;
@@ -135,6 +148,7 @@ void CommandInput::clear() {
     text_.clear();
     shows_.clear();
     position_ = 0;
+    scan_ = ExpressionScan();
 }
 
 InputPiece CommandInput::piece(std::size_t start, std::size_t end, bool isExpression) const {
@@ -142,7 +156,7 @@ InputPiece CommandInput::piece(std::size_t start, std::size_t end, bool isExpres
     for (const auto& [from, kind] : shows_)
         if (from <= start)
             show = kind;
-    return {text_.substr(start, end - start), show, isExpression, line_};
+    return {text_.substr(start, end - start), show, isExpression, line_, false};
 }
 
 void CommandInput::moveTo(std::size_t position) {

@@ -21,6 +21,29 @@ struct InputPiece {
     Show show = Show::nothing;
     bool isExpression = false; ///< a LISP expression, "(...)"
     int line = 0;              ///< the line that it began in, from 1
+    bool isLiteral = false;    ///< it stood between quotes, or was handed over as it is: never run as code
+};
+
+/// Looks for the parenthesis that closes an expression; strings, comments and character escapes are LISP's.
+/// Goes on where it stopped when more text has come, so that an expression over many lines is looked at once.
+class ExpressionScan {
+public:
+    explicit ExpressionScan(std::size_t start = 0) noexcept : start_(start), at_(start) {}
+
+    std::size_t start() const noexcept { return start_; }
+
+    /// The place behind the closing parenthesis, or npos when it has not come yet. `text` is what it was,
+    /// with perhaps more behind it.
+    std::size_t end(ryv::CStringView text) noexcept;
+
+private:
+    enum class Inside { code, string, lineComment, blockComment };
+    bool step(ryv::CStringView text) noexcept;
+
+    std::size_t start_;
+    std::size_t at_;
+    std::size_t depth_ = 0;
+    Inside inside_ = Inside::code;
 };
 
 /// Text is read as the place asks: a command prompt takes a word or an expression, a prompt for a text takes
@@ -61,14 +84,12 @@ private:
     InputPiece piece(std::size_t start, std::size_t end, bool isExpression) const;
     void moveTo(std::size_t position);
 
+    mutable ExpressionScan scan_; // of the expression that the input begins with
+
     ryv::CString text_;
     std::size_t position_ = 0;                       // what is before it was taken
     std::deque<std::pair<std::size_t, Show>> shows_; // from this unit of text_ on
     int line_ = 1;
 };
-
-/// The place behind the parenthesis that closes the expression at `start`, or npos: strings, comments and
-/// character escapes are LISP's.
-std::size_t endOfExpression(ryv::CStringView text, std::size_t start) noexcept;
 
 } // namespace drafta

@@ -1,5 +1,6 @@
 #include "embedded/documents/command_line.h"
 
+#include "base/encoding.h"
 #include "base/format.h"
 #include "base/text.h"
 
@@ -84,13 +85,13 @@ bool CommandLine::hasOpenExpression(ryv::DocumentId document) const {
 void CommandLine::runUntilIdle() {
     if (!levels_.empty())
         return;
-    for (;;) {
+    while (!ended_) {
         if (isInterrupted())
             breakOff();
         if (runOne())
             continue;
         site_->settle();
-        if (!runOne())
+        if (ended_ || !runOne())
             return;
     }
 }
@@ -99,7 +100,7 @@ bool CommandLine::runOne() {
     if (!work_.empty()) {
         const std::function<void()> work = std::move(work_.front());
         work_.pop_front();
-        work();
+        callHandler(work);
         return true;
     }
     return runFromScript() || runFromQueue();
@@ -151,16 +152,18 @@ bool CommandLine::runPiece(const InputPiece& piece) {
 
 bool CommandLine::runExpression(const InputPiece& piece) {
     const Running running(*this, piece.text, false, site_->currentDocument());
-    const std::optional<ryv::CString> value = site_->evaluate(piece.text);
-    if (value && piece.show != Show::nothing && !value->empty())
-        site_->print(ryv::format(u"\n%s", {*value}));
-    return value.has_value();
+    const bool isShown = piece.show != Show::nothing;
+    ryv::CString value;
+    const bool finished = site_->evaluate(piece.text, isShown ? ValueForm::printed : ValueForm::none, value);
+    if (finished && isShown && !value.empty())
+        site_->print(ryv::format(u"\n%s", {value}));
+    return finished;
 }
 
 bool CommandLine::runTyped(ryv::CStringView name, bool isTransparent) {
     if (const auto command = stack_.find(name))
         return runHandler(*command, isTransparent);
-    if (!isTransparent) {
+    if (!isTransparent && !isTooDeep(withoutMarks(name))) {
         const Running running(*this, name, false, site_->currentDocument());
         if (site_->callLispCommand(withoutMarks(name)))
             return !isInterrupted();
@@ -176,29 +179,42 @@ bool CommandLine::mayStart(const ryv::HostCommand& command, bool isTransparent) 
                                  [](const Level& level) { return level.isTransparent; });
 }
 
+bool CommandLine::isTooDeep(ryv::CStringView name) {
+    if (levels_.size() < deepest)
+        return false;
+    site_->print(ryv::format(u"\n%s: too many commands are running inside each other.\n", {name}));
+    return true;
+}
+
+/// A fault of a command or of queued work ends that, and not the host with all its open drawings.
+bool CommandLine::callHandler(const std::function<void()>& handler) {
+    try {
+        handler();
+        return true;
+    } catch (const CommandCancelled&) {
+        if (!isInterrupted()) // of that the one who ends the interrupt tells
+            site_->print(u"\n*Cancel*\n");
+    } catch (const std::exception& fault) {
+        site_->print(ryv::format(u"\nfailed: %s\n", {ryv::decodeUtf8(fault.what())}));
+    } catch (...) {
+        site_->print(u"\nfailed\n");
+    }
+    return false;
+}
+
 bool CommandLine::runHandler(const ryv::HostCommand& command, bool isTransparent) {
     if (!mayStart(command, isTransparent)) {
         site_->print(ryv::format(u"\n%s cannot be started inside another command.\n", {command.localName}));
         return false;
     }
-    if (levels_.size() >= deepest) {
-        site_->print(
-            ryv::format(u"\n%s: too many commands are running inside each other.\n", {command.localName}));
+    if (isTooDeep(command.localName))
         return false;
-    }
     const bool outside = command.flags & ryv::CommandFlags::applicationContext;
     const ryv::DocumentId document = outside ? ryv::DocumentId::none : site_->currentDocument();
     const Running running(*this, command.globalName, isTransparent, document);
     if (document != ryv::DocumentId::none)
         site_->lockModeChanged(document, command.globalName);
-    bool finished = true;
-    try {
-        command.handler();
-    } catch (const CommandCancelled&) {
-        if (!isInterrupted()) // of that the one who ends the interrupt tells
-            site_->print(u"\n*Cancel*\n");
-        finished = false;
-    }
+    const bool finished = callHandler(command.handler);
     if (document != ryv::DocumentId::none)
         site_->lockModeChanged(document, command.globalName);
     return finished;
@@ -208,8 +224,7 @@ bool CommandLine::runCommand(const ryv::CStringArray& words) {
     if (words.empty())
         return false;
     auto source = std::make_unique<Source>();
-    for (std::size_t i = 1; i < words.size(); ++i)
-        source->input.append(words[i] + u"\n", Show::nothing);
+    source->words.assign(words.begin() + 1, words.end());
     const Source* const own = source.get();
     sources_.push_back(std::move(source));
     const bool finished = runTyped(words[0], false);
@@ -226,7 +241,7 @@ std::unique_ptr<CommandLine::Source> CommandLine::scriptSource(ryv::CStringView 
     if (!site_->readScript(path, text))
         return nullptr;
     auto source = std::make_unique<Source>();
-    source->script = path;
+    source->script = site_->shownPath(path);
     source->input.append(text + u"\n", Show::everything);
     return source;
 }
@@ -254,7 +269,7 @@ bool CommandLine::runScript(ryv::CStringView path) {
     };
     bool finished = true;
     while (finished && isAtWork()) {
-        finished = !isInterrupted();
+        finished = !isInterrupted() && !ended_;
         if (finished)
             runFromScript();
     }
@@ -266,6 +281,8 @@ ryv::CString CommandLine::ask(ryv::CStringView prompt) {
         const std::optional<InputPiece> piece = isInterrupted() ? std::nullopt : nextLine(prompt);
         if (!piece || isInterrupted())
             throw CommandCancelled();
+        if (piece->show == Show::everything)
+            site_->print(ryv::CString(prompt) + piece->text);
         if (const std::optional<ryv::CString> answer = answerFrom(*piece))
             return *answer;
     }
@@ -273,25 +290,31 @@ ryv::CString CommandLine::ask(ryv::CStringView prompt) {
 
 /// Nothing when the line was a transparent command, after which the question stands again.
 std::optional<ryv::CString> CommandLine::answerFrom(const InputPiece& piece) {
+    if (piece.isLiteral)
+        return piece.text;
     if (piece.text.starts_with(u'\'')) {
         runTyped(piece.text, true);
         return std::nullopt;
     }
     if (!piece.text.starts_with(u'('))
         return piece.text;
-    const std::optional<ryv::CString> value = site_->evaluate(piece.text);
-    if (!value)
+    ryv::CString value;
+    if (!site_->evaluate(piece.text, ValueForm::answer, value))
         throw CommandCancelled();
-    const bool quoted = value->size() >= 2 && value->front() == u'"' && value->back() == u'"';
-    return quoted ? value->substr(1, value->size() - 2) : *value;
+    return value;
 }
 
 std::optional<InputPiece> CommandLine::nextLine(ryv::CStringView prompt) {
     for (auto source = sources_.rbegin(); source != sources_.rend(); ++source) {
-        if (std::optional<InputPiece> piece = (*source)->input.takeLine())
-            return piece;
+        if (!(*source)->words.empty()) {
+            InputPiece word{(*source)->words.front(), Show::nothing, false, 0, true};
+            (*source)->words.pop_front();
+            return word;
+        }
         if ((*source)->script.empty())
             break;
+        if (std::optional<InputPiece> piece = (*source)->input.takeLine())
+            return piece;
     }
     const bool inWords = !sources_.empty() && sources_.back()->script.empty();
     const auto queue = std::find_if(queues_.begin(), queues_.end(),
@@ -300,7 +323,7 @@ std::optional<InputPiece> CommandLine::nextLine(ryv::CStringView prompt) {
         if (std::optional<InputPiece> piece = queue->input.takeLine())
             return piece;
     if (std::optional<ryv::CString> line = site_->askPerson(prompt))
-        return InputPiece{*line, Show::nothing, false, 0};
+        return InputPiece{*line, Show::nothing, false, 0, false};
     return std::nullopt;
 }
 

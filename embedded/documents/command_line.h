@@ -3,6 +3,7 @@
 
 #include "embedded/documents/command_input.h"
 #include "embedded/documents/command_stack.h"
+#include "embedded/documents/lisp_session.h"
 #include "platform/host/documents.h"
 
 #include <atomic>
@@ -33,14 +34,17 @@ public:
     /// Nothing waits any more: tells the observers of documents that became quiescent.
     virtual void settle() = 0;
 
-    /// Evaluates an expression; its value as LISP prints it, or nothing after an error, which has been
-    /// printed.
-    virtual std::optional<ryv::CString> evaluate(ryv::CStringView expression) = 0;
+    /// Evaluates an expression; its value in the form that is wanted. False after an error, which has been
+    /// printed, and when the value is no answer.
+    virtual bool evaluate(ryv::CStringView expression, ValueForm form, ryv::CString& value) = 0;
 
     /// Calls the LISP function "c:NAME" when there is one; false when there is none.
     virtual bool callLispCommand(ryv::CStringView name) = 0;
 
     virtual void print(ryv::CStringView text) = 0;
+
+    /// A path as people know it.
+    virtual ryv::CString shownPath(ryv::CStringView path) = 0;
 
     /// Asks the person in front of the screen for a line; nothing when nobody is there.
     virtual std::optional<ryv::CString> askPerson(ryv::CStringView prompt) = 0;
@@ -87,6 +91,9 @@ public:
     /// person. An expression in its place is evaluated. Throws CommandCancelled when there is none.
     ryv::CString ask(ryv::CStringView prompt);
 
+    /// Nothing more is run: what is queued is forgotten, scripts stop.
+    void end() noexcept { ended_ = true; }
+
     /// Breaks off what runs, with its scripts and what is queued behind it. May be called from a signal
     /// handler or another thread.
     void interrupt() noexcept { interrupted_.store(true, std::memory_order_relaxed); }
@@ -105,8 +112,9 @@ private:
     };
     /// A script at work, or the words of a runCommand, from which nothing else is asked.
     struct Source {
-        CommandInput input;
-        ryv::CString script;
+        CommandInput input;             ///< of a script
+        std::deque<ryv::CString> words; ///< of a command
+        ryv::CString script;            ///< its path as people know it
     };
     struct Level {
         ryv::CString command;
@@ -121,6 +129,8 @@ private:
     bool runPiece(const InputPiece& piece);
     bool runExpression(const InputPiece& piece);
     bool runTyped(ryv::CStringView name, bool isTransparent);
+    bool callHandler(const std::function<void()>& handler);
+    bool isTooDeep(ryv::CStringView name);
     bool runHandler(const ryv::HostCommand& command, bool isTransparent);
     bool mayStart(const ryv::HostCommand& command, bool isTransparent) const;
     std::optional<InputPiece> nextLine(ryv::CStringView prompt);
@@ -136,6 +146,7 @@ private:
     std::vector<std::unique_ptr<Source>> sources_;
     std::vector<Level> levels_;
     std::atomic<bool> interrupted_ = false;
+    bool ended_ = false;
 };
 
 } // namespace drafta

@@ -98,14 +98,20 @@ bool Documents::activate(DocumentId id) {
 }
 
 bool Documents::close(DocumentId id) {
-    const Document* const asked = find(id);
-    if (!asked || asked->busy != 0 || asked->lisp->isAtWork())
+    const auto mayClose = [&](const Document* document) {
+        return document && document->busy == 0 && !document->lisp->isAtWork();
+    };
+    Document* const asked = find(id);
+    if (!mayClose(asked) || asked->isClosing)
         return false;
+    asked->isClosing = true;
     tell([&](ryv::DocumentObserver& observer) { observer.documentToBeDestroyed(id); });
+    if (!mayClose(find(id))) { // an observer has begun something in it
+        find(id)->isClosing = false;
+        return false;
+    }
     const auto place = std::find_if(
         documents_.begin(), documents_.end(), [&](const auto& document) { return document->id == id; });
-    if (place == documents_.end())
-        return true; // an observer was quicker
     const std::unique_ptr<Document> ending = std::move(*place);
     documents_.erase(place);
     parts_.commandLine->forget(id);

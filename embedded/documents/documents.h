@@ -20,6 +20,7 @@ struct Document {
     std::shared_ptr<Drawing> drawing;
     std::unique_ptr<LispSession> lisp;
     int busy = 0;            ///< commands and expressions at work in it
+    bool isClosing = false;  ///< its end has been announced
     bool isQuiescent = true; ///< as its observers were told last
     std::vector<ryv::InputContextObserver*> observers;
 };

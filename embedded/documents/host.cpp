@@ -59,7 +59,12 @@ TextTerminal Host::terminal() {
     return {[this](ryv::CStringView text) { print(text); },
         [this](ryv::CStringView text) { options_.printError(ryv::nameToBytes(text)); },
         [this](ryv::CStringView prompt) { return askPerson(prompt); },
-        [this](ryv::CStringView path) { return paths().fromNative(ryv::nameToBytes(path)); }};
+        [this](ryv::CStringView path) { return paths().fromNative(ryv::nameToBytes(path)); },
+        [this](ryv::CStringView path) { return shownPath(path); },
+        [this](ryv::CStringView path) {
+            ryv::FileInformation information;
+            return files().information(path, information).ok();
+        }};
 }
 
 void Host::fillPlatform() {
@@ -151,8 +156,20 @@ bool Host::loadLisp(ryv::CStringView path) {
     documents_.beginBusy(id);
     const bool loaded = document->lisp->load(path);
     documents_.endBusy(id);
+    const std::size_t errors = lispErrors();
     commandLine_.runUntilIdle();
-    return loaded;
+    return loaded && lispErrors() == errors;
+}
+
+std::size_t Host::lispErrors() {
+    std::size_t errors = 0;
+    for (const ryv::DocumentId id : documents_.documents())
+        errors += documents_.find(id)->lisp->errors();
+    return errors;
+}
+
+void Host::quit() {
+    commandLine_.runCommand({u"_.QUIT"});
 }
 
 void Host::runLine(ryv::CStringView line) {
@@ -177,9 +194,7 @@ ryv::CString Host::shown(const ryv::CString& problem) {
         if (colon < 2 || (next != u' ' && (next < u'0' || next > u'9')))
             continue;
         const ryv::CString path = problem.substr(0, colon);
-        return ryv::paths::isRelative(path)
-                   ? problem
-                   : ryv::nameFromBytes(paths().toNative(path)) + problem.substr(colon);
+        return shownPath(path) + problem.substr(colon);
     }
     return problem;
 }
@@ -189,13 +204,15 @@ void Host::tell(const ryv::DrawingResult& result) {
         print(u"\n" + shown(result.problem) + u"\n");
 }
 
-std::optional<ryv::CString> Host::evaluate(ryv::CStringView expression) {
-    Document* const document = documents_.current();
-    if (!document) {
-        print(u"\nThere is no document, and LISP belongs to documents.\n");
-        return std::nullopt;
-    }
-    return document->lisp->evaluate(expression);
+bool Host::evaluate(ryv::CStringView expression, ValueForm form, ryv::CString& value) {
+    if (Document* const document = documents_.current())
+        return document->lisp->evaluate(expression, form, value);
+    print(u"\nThere is no document, and LISP belongs to documents.\n");
+    return false;
+}
+
+ryv::CString Host::shownPath(ryv::CStringView path) {
+    return ryv::paths::isRelative(path) ? ryv::CString(path) : ryv::nameFromBytes(paths().toNative(path));
 }
 
 bool Host::callLispCommand(ryv::CStringView name) {

@@ -51,8 +51,8 @@ public:
     /// Says beside the command line which drawings have changes that are not saved.
     void warnOfChanges();
 
-    /// Loads a LISP file in the current document and runs what it queues; false after an error, which is
-    /// printed.
+    /// Loads a LISP file in the current document and runs what it queues; false after an error in either,
+    /// which is printed.
     bool loadLisp(ryv::CStringView path);
 
     /// Runs a line as typed on the command line, and what it queues.
@@ -63,6 +63,9 @@ public:
 
     /// Breaks off what runs. May be called from a signal handler.
     void interrupt() noexcept;
+
+    /// Asks to leave, as the command QUIT does.
+    void quit();
 
     /// True when the user has asked to leave, and nothing keeps the host running.
     bool hasQuit() const noexcept { return hasQuit_; }
@@ -80,6 +83,8 @@ private:
     void tell(const ryv::DrawingResult& result);
     void tellOf(ryv::CStringView done);
     bool keepChanges();
+    bool mayReplace(ryv::CStringView path);
+    std::size_t lispErrors();
 
     void runOpen();
     void runNew();
@@ -101,7 +106,8 @@ private:
         documents_.lockModeChanged(document, command);
     }
     void settle() override { documents_.settle(); }
-    std::optional<ryv::CString> evaluate(ryv::CStringView expression) override;
+    bool evaluate(ryv::CStringView expression, ValueForm form, ryv::CString& value) override;
+    ryv::CString shownPath(ryv::CStringView path) override;
     bool callLispCommand(ryv::CStringView name) override;
     std::optional<ryv::CString> askPerson(ryv::CStringView prompt) override;
     bool readScript(ryv::CStringView path, ryv::CString& text) override;

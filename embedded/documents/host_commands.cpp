@@ -96,10 +96,27 @@ void Host::runSaveAs() {
     if (!ryv::equalNoCase(
             ryv::CStringView(path).substr(path.size() - std::min<std::size_t>(path.size(), 4)), u".dwg"))
         path += u".dwg";
+    if (!mayReplace(path))
+        throw CommandCancelled();
     const ryv::DrawingResult result = documents_.saveAs(documents_.currentDocument(), path);
     tell(result);
     if (result.ok())
         tellOf(u"Saved");
+}
+
+/// True when nothing is lost by writing a file, or the user agrees.
+bool Host::mayReplace(ryv::CStringView path) {
+    ryv::FileInformation information;
+    const Document* const own = documents_.findFile(path);
+    if (!files().information(path, information).ok() || own == documents_.current())
+        return true;
+    ryv::MessageBoxRequest request;
+    request.message = 2;
+    request.text = ryv::format(u"%s exists already. Replace it?", {shownPath(path)});
+    request.caption = u"drafta";
+    request.icon = ryv::MessageIcon::warning;
+    request.buttons = ryv::MessageButtons::yesNo;
+    return userInterface_.messageBox(request) == ryv::Answer::yes;
 }
 
 /// True when the current document may end: it has no changes, they were saved, or they are not wanted.
@@ -109,7 +126,7 @@ bool Host::keepChanges() {
         return true;
     ryv::MessageBoxRequest request;
     request.message = 1;
-    request.text = ryv::format(u"Save the changes to %s?", {document->name});
+    request.text = ryv::format(u"Save the changes to %s?", {shownPath(document->name)});
     request.caption = u"drafta";
     request.icon = ryv::MessageIcon::question;
     request.buttons = ryv::MessageButtons::yesNoCancel;
@@ -136,10 +153,12 @@ void Host::runQuit() {
         if (!keepChanges())
             return;
     }
-    if (editor_.mayQuit())
+    if (editor_.mayQuit()) {
         hasQuit_ = true;
-    else
+        commandLine_.end();
+    } else {
         print(u"\nSomebody does not let the host end now.\n");
+    }
 }
 
 void Host::runScript() {

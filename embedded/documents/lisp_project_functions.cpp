@@ -68,19 +68,17 @@ Value projectRead(Interpreter& lisp, KnownProjects& known, Arguments given) {
 Value projectWrite(Interpreter& lisp, KnownProjects& known, Arguments given) {
     LispHost& host = known.host();
     const ryv::CString path = fullPath(lisp, host, given[0]);
+    const ryv::CString name = given[1].isCons() ? stringArgument(lisp, given[1].car()) : ryv::CString();
+    const ryv::CStringArray lines = stringsArgument(lisp, given[1].cdr());
+    const bool isDescriptions = ryv::equalNoCase(name, u"descriptions");
+    if (!isDescriptions && !ryv::equalNoCase(name, u"lines"))
+        throw lisp::LispError(u"no section that can be written: " + lisp.printed(given[1]));
     ProjectText& project = known.of(path);
     const std::optional<ryv::Fingerprint> seen = project.knownContent();
     ProjectText::Content content;
     bool written = project.read(path, content);
-    const ryv::CString name = given[1].isCons() ? stringArgument(lisp, given[1].car()) : ryv::CString();
-    const ryv::CStringArray lines = stringsArgument(lisp, given[1].cdr());
-    if (ryv::equalNoCase(name, u"lines"))
-        content.lines = lines;
-    else if (ryv::equalNoCase(name, u"descriptions"))
-        content.descriptions = lines;
-    else
-        throw lisp::LispError(u"no section that can be written: " + lisp.printed(given[1]));
-    if (written && seen)
+    (isDescriptions ? content.descriptions : content.lines) = lines;
+    if (seen) // what was read just now is for filling in the other sections only
         project.expectContent(*seen);
     written = written && project.write(content);
     if (!written)

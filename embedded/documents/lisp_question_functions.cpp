@@ -99,6 +99,7 @@ Value chooseFile(Interpreter& lisp, LispHost& host, Arguments arguments) {
     request.folder = pathArgument(lisp, arguments[2]);
     request.extension = stringArgument(lisp, arguments[3]);
     request.save = !arguments[4].isNil();
+    request.confirmsReplacing = !(arguments[4].isString() && ryv::equalNoCase(arguments[4].text(), u"new"));
     const std::vector<ryv::CString> chosen = host.platform.ui->chooseFiles(request);
     return chosen.empty() ? Value() : lisp.makeString(chosen[0]);
 }

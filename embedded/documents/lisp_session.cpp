@@ -2,6 +2,7 @@
 
 #include "base/encoding.h"
 #include "base/fold.h"
+#include "base/paths.h"
 
 namespace drafta {
 
@@ -43,19 +44,21 @@ void LispSession::report(lisp::Error error) {
         return;
     if (error.file.empty())
         error.line = 0;
-    else
+    else if (!ryv::paths::isRelative(error.file))
         error.file = ryv::nameFromBytes(services_.paths().toNative(error.file));
+    ++errors_;
     services_.print(u"\n" + lisp::describe(error) + u"\n");
 }
 
-std::optional<ryv::CString> LispSession::evaluate(ryv::CStringView expression) {
+bool LispSession::evaluate(ryv::CStringView expression, ValueForm form, ryv::CString& value) {
     const Run run(*this);
-    const lisp::Result result = interpreter_.evaluate(expression);
-    if (!result.ok()) {
+    value.clear();
+    const lisp::Result result = form == ValueForm::none ? interpreter_.evaluate(expression)
+                                                        : interpreter_.evaluateAndPrint(expression, {},
+                                                              form == ValueForm::printed, value);
+    if (!result.ok())
         report(*result.error);
-        return std::nullopt;
-    }
-    return interpreter_.printed(result.value);
+    return result.ok() && !(form == ValueForm::answer && result.value.isNil());
 }
 
 bool LispSession::load(ryv::CStringView path) {

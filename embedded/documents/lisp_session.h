@@ -17,6 +17,13 @@ struct LispAtWork {
     void interrupt() noexcept;
 };
 
+/// What is made of the value of an expression.
+enum class ValueForm {
+    none,    ///< nothing, it is not asked for
+    printed, ///< as LISP prints it; empty for the result of (princ) without arguments
+    answer ///< of a string its text, of anything else as printed; nil is no answer, and evaluating fails then
+};
+
 class LispSession {
 public:
     /// Puts the host's own functions into a new interpreter.
@@ -28,9 +35,9 @@ public:
         prepare(interpreter_);
     }
 
-    /// Evaluates an expression as typed; its last value as LISP prints it, empty when the value is a quiet
-    /// one (princ without arguments). Nothing after an error, which has been printed.
-    std::optional<ryv::CString> evaluate(ryv::CStringView expression);
+    /// Evaluates an expression as typed, and gives its last value in the form that is wanted. False after an
+    /// error, which has been printed, and when the value is no answer.
+    bool evaluate(ryv::CStringView expression, ValueForm form, ryv::CString& value);
 
     /// Loads a file; false after an error, which has been printed.
     bool load(ryv::CStringView path);
@@ -44,6 +51,9 @@ public:
     /// True while LISP code runs.
     bool isAtWork() const noexcept { return depth_ != 0; }
 
+    /// How many errors were printed so far.
+    std::size_t errors() const noexcept { return errors_; }
+
     lisp::Interpreter& interpreter() noexcept { return interpreter_; }
 
 private:
@@ -54,6 +64,7 @@ private:
     LispAtWork& atWork_;
     lisp::Interpreter interpreter_;
     int depth_ = 0;
+    std::size_t errors_ = 0;
 };
 
 } // namespace drafta

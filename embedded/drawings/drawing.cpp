@@ -1,4 +1,5 @@
 #include "embedded/drawings/drawing.h"
+#include "base/fold.h"
 #include "base/text.h"
 #include "embedded/drawings/drawing_file.h"
 #include "siblings/atomic_file.h"
@@ -104,6 +105,8 @@ DrawingResult Drawing::save() {
 }
 
 DrawingResult Drawing::saveAs(CStringView path) {
+    if (ryv::equalNoCase(path, path_))
+        return write(ryv::CString(path), fingerprint());
     return write(ryv::CString(path), std::nullopt);
 }
 

@@ -49,7 +49,7 @@ public:
     ryv::DrawingResult save();
 
     /// Writes the content to another file, whatever is there, modified or not; from then on the drawing
-    /// belongs to that file. After a failure it belongs to the old one.
+    /// belongs to that file. After a failure it belongs to the old one. Its own file is guarded as in save().
     ryv::DrawingResult saveAs(ryv::CStringView path);
 
     /// What the views' save() calls instead of save(), so that a document is saved with all that belongs to

@@ -24,6 +24,15 @@ Result Interpreter::evaluate(ryv::CStringView text, ryv::CStringView source) {
     return machine_->guard([&] { return machine_->evaluateText(text, source); });
 }
 
+Result Interpreter::evaluateAndPrint(
+    ryv::CStringView expression, ryv::CStringView source, bool quoted, ryv::CString& printedValue) {
+    return machine_->guard([&] {
+        const Root value(*machine_, machine_->evaluateText(expression, source));
+        printedValue = printed(value, quoted);
+        return value.get();
+    });
+}
+
 Result Interpreter::load(ryv::CStringView name) {
     return machine_->guard([&] { return machine_->loadFile(name); });
 }

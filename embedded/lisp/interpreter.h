@@ -64,6 +64,10 @@ public:
 
     /// Evaluates all forms of a text; the value is the last one's. `source` is the name that errors give.
     Result evaluate(ryv::CStringView text, ryv::CStringView source = {});
+    /// The same, and prints the value under the same protection: `printedValue` is what (prin1) prints, or
+    /// what (princ) prints unless `quoted`.
+    Result evaluateAndPrint(
+        ryv::CStringView expression, ryv::CStringView source, bool quoted, ryv::CString& printedValue);
     /// Evaluates a file: UTF-8, UTF-16 with a mark, or else Windows-1252. The name is looked up as (load)
     /// does, with and without ".lsp".
     Result load(ryv::CStringView name);
@@ -89,7 +93,8 @@ public:
 
     /// Marks a name as invocable, as (expose-function 'name) does; false when no function has it.
     bool expose(ryv::CStringView name);
-    /// Calls the function that the chain's first node names with the rest as arguments. `result` is filled on
+    /// Calls the function that the chain's first node names with the rest as arguments; those that a function
+    /// written in LISP lacks at the end are nil, as callers leave them out. `result` is filled on
     /// success and left alone otherwise. `failure` when the chain is malformed, the name is not invocable, or
     /// a LISP error occurred; `error`, when given, says what it was. "veval-str+" is always invocable.
     ryv::LispStatus invoke(

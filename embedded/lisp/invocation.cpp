@@ -42,7 +42,7 @@ ryv::LispStatus invoke(
         const Value function = invocableFunction(machine, *name);
         if (function.isNil())
             throw LispError(u"no invocable function: " + *name, ErrorKind::notInvocable);
-        const Value value = machine.callWithList(function, list->cdr());
+        const Value value = machine.callWithList(function, list->cdr(), true);
         chain = resultChain(machine, value);
         return value;
     });

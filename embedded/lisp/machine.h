@@ -126,8 +126,9 @@ public:
     /// For functions written in C++: the values come from anywhere, and the place of errors stays the
     /// caller's.
     Value call(Value function, Arguments arguments);
-    /// With the elements of a list as arguments.
-    Value callWithList(Value function, Value list);
+    /// With the elements of a list as arguments. `fillsUp`: arguments that a function written in LISP lacks
+    /// at the end are nil.
+    Value callWithList(Value function, Value list, bool fillsUp = false);
     /// What a symbol, a lambda list or a function stands for; throws when it is no function.
     Value functionOf(Value designator);
 

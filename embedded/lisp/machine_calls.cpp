@@ -54,8 +54,12 @@ Value Machine::callNative(const Builtin& builtin, Arguments arguments) {
         return builtin.native(*interpreter_, arguments);
     } catch (const std::bad_alloc&) {
         throw;
+    } catch (const LispError&) {
+        throw;
     } catch (const std::exception& error) {
         throw LispError(ryv::decodeUtf8(error.what()));
+    } catch (...) {
+        throw LispError(u"a function of the host failed");
     }
 }
 
@@ -104,10 +108,20 @@ Value Machine::call(Value function, Arguments arguments) {
     return value;
 }
 
-Value Machine::callWithList(Value function, Value list) {
+namespace {
+const Lambda* lambdaOf(Value function) {
+    const bool isLambda = function.isFunction() && asFunction(function)->type == FunctionType::lambda;
+    return isLambda ? static_cast<const Lambda*>(asFunction(function)) : nullptr;
+}
+} // namespace
+
+Value Machine::callWithList(Value function, Value list, bool fillsUp) {
     std::vector<Value> arguments;
     for (; list.isCons(); list = list.cdr())
         arguments.push_back(list.car());
+    if (const Lambda* const lambda = fillsUp ? lambdaOf(function) : nullptr;
+        lambda && arguments.size() < lambda->parameterCount)
+        arguments.resize(lambda->parameterCount);
     return call(function, arguments);
 }
 

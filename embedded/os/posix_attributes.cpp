@@ -16,6 +16,7 @@ namespace {
 
 constexpr int attempts = 4; // with an attribute that grows between asking for its size and reading it
 constexpr const char* accessList = "system.posix_acl_access";
+constexpr const char* hiddenMark = "user.hidden";
 constexpr std::string_view capabilities = "security.capability"; // rights of a program; never handed on
 
 /// Only trouble with the device counts: that an attribute cannot be kept here is a matter of course.
@@ -104,6 +105,32 @@ FileStatus copyFileAttributes(const std::string& from, int to) {
         return status;
     // Last, because setting an access list changes the mode, and changing the owner clears the special bits.
     return ::fchmod(to, mode) == -1 ? seriousOnly(lastFailure()) : FileStatus{};
+}
+
+FileStatus setWriteProtection(const std::string& path, bool isProtected) {
+    constexpr mode_t writeRights = S_IWUSR | S_IWGRP | S_IWOTH;
+    struct stat status {};
+    if (::stat(path.c_str(), &status) == -1)
+        return lastFailure();
+    const mode_t mode = status.st_mode & 07777;
+    const mode_t wanted = isProtected ? mode & ~writeRights : mode | S_IWUSR;
+    return ::chmod(path.c_str(), wanted) == -1 ? lastFailure() : FileStatus{};
+}
+
+FileStatus setHiddenMark(const std::string& path, bool hidden) {
+    const int result =
+        hidden ? ::setxattr(path.c_str(), hiddenMark, "1", 1, 0) : ::removexattr(path.c_str(), hiddenMark);
+    if (result == 0 || (!hidden && errno == ENODATA))
+        return {};
+    return errno == EOPNOTSUPP ? FileStatus{FileError::unsupported, errno} : lastFailure();
+}
+
+bool hasHiddenMark(const char* path) noexcept {
+    return ::getxattr(path, hiddenMark, nullptr, 0) > 0;
+}
+
+bool hasHiddenMark(int descriptor) noexcept {
+    return ::fgetxattr(descriptor, hiddenMark, nullptr, 0) > 0;
 }
 
 } // namespace drafta

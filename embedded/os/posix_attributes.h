@@ -14,4 +14,12 @@ namespace drafta {
 /// faulty.
 ryv::FileStatus copyFileAttributes(const std::string& from, int to);
 
+/// Takes all write rights off the file at a native path, or gives its owner the right to write.
+ryv::FileStatus setWriteProtection(const std::string& path, bool isProtected);
+
+/// The mark of hidden files: an extended attribute, where the file system keeps them.
+ryv::FileStatus setHiddenMark(const std::string& path, bool hidden);
+bool hasHiddenMark(const char* path) noexcept;
+bool hasHiddenMark(int descriptor) noexcept;
+
 } // namespace drafta

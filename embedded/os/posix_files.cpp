@@ -179,6 +179,7 @@ FileStatus PosixFiles::information(CStringView path, FileInformation& informatio
         return lastFailure();
     information = informationOf(status);
     information.readOnly = information.readOnly || isWriteRefused(AT_FDCWD, native.c_str(), 0);
+    information.isHidden = hasHiddenMark(native.c_str());
     return {};
 }
 
@@ -189,6 +190,7 @@ FileStatus PosixFiles::information(FileHandle handle, FileInformation& informati
         return lastFailure();
     information = informationOf(status);
     information.readOnly = information.readOnly || isWriteRefused(descriptorOf(handle), "", AT_EMPTY_PATH);
+    information.isHidden = hasHiddenMark(descriptorOf(handle));
     return {};
 }
 
@@ -213,6 +215,26 @@ FileStatus PosixFiles::copyAttributes(CStringView from, FileHandle to) {
     if (const FileStatus status = mapper_->toNative(from, native); !status.ok())
         return status;
     return copyFileAttributes(native, descriptorOf(to));
+}
+
+FileStatus PosixFiles::setReadOnly(CStringView path, bool readOnly) {
+    std::string native;
+    const FileStatus status = mapper_->toNative(path, native);
+    return status.ok() ? setWriteProtection(native, readOnly) : status;
+}
+
+FileStatus PosixFiles::setHidden(CStringView path, bool hidden) {
+    std::string native;
+    const FileStatus status = mapper_->toNative(path, native);
+    return status.ok() ? setHiddenMark(native, hidden) : status;
+}
+
+FileStatus PosixFiles::createFolder(CStringView path) {
+    constexpr mode_t folderMode = 0777; // less what the user's mask takes away
+    std::string native;
+    if (const FileStatus status = mapper_->toNative(path, native); !status.ok())
+        return status;
+    return outcome(::mkdir(native.c_str(), folderMode));
 }
 
 FileStatus PosixFiles::resolve(CStringView path, CString& resolved) {

@@ -28,6 +28,10 @@ public:
     ryv::FileStatus information(ryv::FileHandle handle, ryv::FileInformation& information) override;
     ryv::FileStatus lock(ryv::FileHandle handle, std::chrono::milliseconds patience) override;
     ryv::FileStatus copyAttributes(ryv::CStringView from, ryv::FileHandle to) override;
+    ryv::FileStatus setReadOnly(ryv::CStringView path, bool readOnly) override;
+    /// The mark is the extended attribute "user.hidden".
+    ryv::FileStatus setHidden(ryv::CStringView path, bool hidden) override;
+    ryv::FileStatus createFolder(ryv::CStringView path) override;
     ryv::FileStatus resolve(ryv::CStringView path, ryv::CString& resolved) override;
 
 private:

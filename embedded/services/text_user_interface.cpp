@@ -15,6 +15,8 @@ using ryv::Answer;
 using ryv::FormField;
 using ryv::MessageButtons;
 
+constexpr int replaceQuestion = 2; // the host's own message of that number
+
 struct Choice {
     Answer answer;
     ryv::CStringView word;
@@ -144,7 +146,32 @@ std::vector<ryv::CString> TextUserInterface::chooseFiles(const ryv::FileRequest&
         paths.push_back(terminal_.toModulePath(ryv::trim(part)));
     if (!request.many)
         paths.resize(1);
+    for (ryv::CString& path : paths)
+        if (!acceptFile(request, path))
+            return {};
     return paths;
+}
+
+bool TextUserInterface::acceptFile(const ryv::FileRequest& request, ryv::CString& path) {
+    if (!request.save) {
+        const bool isThere = terminal_.exists(path);
+        if (!isThere)
+            terminal_.warn(
+                ryv::format(u"cancelled, there is no such file: %s\n", {terminal_.shownPath(path)}));
+        return isThere;
+    }
+    const std::size_t length = request.extension.size();
+    if (path.size() < length ||
+        !ryv::equalNoCase(ryv::CStringView(path).substr(path.size() - length), request.extension))
+        path += request.extension;
+    if (!request.confirmsReplacing || !terminal_.exists(path))
+        return true;
+    ryv::MessageBoxRequest question;
+    question.message = replaceQuestion;
+    question.text = ryv::format(u"%s exists already. Replace it?", {terminal_.shownPath(path)});
+    question.icon = ryv::MessageIcon::warning;
+    question.buttons = MessageButtons::yesNo;
+    return messageBox(question) == Answer::yes;
 }
 
 bool TextUserInterface::fillForm(ryv::FormRequest& request) {

@@ -18,6 +18,10 @@ struct TextTerminal {
     std::function<std::optional<ryv::CString>(ryv::CStringView prompt)> ask;
     /// A path as people write it, as module text.
     std::function<ryv::CString(ryv::CStringView)> toModulePath;
+    /// The other way round, for showing.
+    std::function<ryv::CString(ryv::CStringView)> shownPath;
+    /// Whether there is a file at a module path.
+    std::function<bool(ryv::CStringView)> exists;
 };
 
 /// Each question is printed. The answers file is asked first, then the person; what neither answers is
@@ -30,12 +34,15 @@ public:
 
     ryv::Answer messageBox(const ryv::MessageBoxRequest& request) override;
     int taskDialog(const ryv::TaskDialogRequest& request) override;
+    /// A new name gets the extension that it lacks; a file that is there is replaced only after message 2 was
+    /// answered with yes. A file to be opened must exist.
     std::vector<ryv::CString> chooseFiles(const ryv::FileRequest& request) override;
     bool fillForm(ryv::FormRequest& request) override;
 
 private:
     std::optional<ryv::CString> answer(ryv::CStringView kind, ryv::CStringView name, ryv::CStringView prompt);
     void unanswered(ryv::CStringView kind, ryv::CStringView name);
+    bool acceptFile(const ryv::FileRequest& request, ryv::CString& path);
     bool answerForm(ryv::FormRequest& request, ryv::CStringView line);
     bool askForm(ryv::FormRequest& request);
     bool accept(ryv::FormField& field, const ryv::CStringArray& values);

@@ -4,6 +4,7 @@
 
 #include <zip.h>
 
+#include <filesystem>
 #include <memory>
 
 namespace drafta {
@@ -40,6 +41,17 @@ bool addEntry(zip_t* archive, const std::string& file, const std::string& name, 
 } // namespace
 
 bool writeZip(const std::string& target, const std::vector<ZipEntry>& entries, ryv::CString& problem) {
+    if (entries.empty()) {
+        problem = text(target) + u": there is nothing to put into the archive";
+        return false;
+    }
+    for (const auto& entry : entries) {
+        std::error_code isNoFile;
+        if (std::filesystem::equivalent(entry.first, target, isNoFile)) {
+            problem = text(target) + u": the archive cannot hold itself";
+            return false;
+        }
+    }
     int code = 0;
     std::unique_ptr<zip_t, Discard> archive(zip_open(target.c_str(), ZIP_CREATE | ZIP_TRUNCATE, &code));
     if (!archive) {

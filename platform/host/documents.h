@@ -74,8 +74,7 @@ public:
     virtual bool isQuiescent(DocumentId document) = 0;
 
     /// Queues `text` for the document's command input, as if it were typed; it is run once the host is idle.
-    /// A
-    /// "\r" or "\n" ends a line. Nothing happens when there is no such document.
+    /// A "\r" or "\n" ends a line. Nothing happens when there is no such document.
     virtual void sendStringToExecute(DocumentId document, CStringView text, CommandStringOptions options) = 0;
 
     /// Runs `work` outside of all documents, once the host's message loop is reached again.

@@ -66,6 +66,7 @@ struct FileInformation {
     bool isFolder = false;
     bool isRegular = false;
     bool readOnly = false; ///< no write bit at all, or not writable for the effective user
+    bool isHidden = false; ///< see Files::setHidden
 };
 
 /// The operations. All may be called from the main thread only. A handle is closed exactly once, also after
@@ -117,6 +118,17 @@ public:
     /// user may.
     virtual FileStatus copyAttributes(CStringView from, FileHandle to) = 0;
 
+    /// Protects a file against writing, or takes the protection off: of the owner only, as far as the user's
+    /// usual mode goes.
+    virtual FileStatus setReadOnly(CStringView path, bool readOnly) = 0;
+
+    /// Marks a file as one that lists of files leave out, or takes the mark off. `unsupported` where the file
+    /// system has no place for the mark.
+    virtual FileStatus setHidden(CStringView path, bool hidden) = 0;
+
+    /// Makes a folder in one that exists; `exists` when something has the name.
+    virtual FileStatus createFolder(CStringView path) = 0;
+
     /// The path with symbolic links followed and the names as they are spelled on disk; of a missing file,
     /// its folder is resolved and its own name kept.
     virtual FileStatus resolve(CStringView path, CString& resolved) = 0;
@@ -138,6 +150,9 @@ public:
     FileStatus information(FileHandle, FileInformation&) override;
     FileStatus lock(FileHandle, std::chrono::milliseconds) override;
     FileStatus copyAttributes(CStringView, FileHandle) override;
+    FileStatus setReadOnly(CStringView, bool) override;
+    FileStatus setHidden(CStringView, bool) override;
+    FileStatus createFolder(CStringView) override;
     FileStatus resolve(CStringView path, CString& resolved) override;
 };
 

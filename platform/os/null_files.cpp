@@ -86,6 +86,15 @@ FileStatus NullFiles::lock(FileHandle, std::chrono::milliseconds) {
 FileStatus NullFiles::copyAttributes(CStringView, FileHandle) {
     return noFile;
 }
+FileStatus NullFiles::setReadOnly(CStringView, bool) {
+    return noFile;
+}
+FileStatus NullFiles::setHidden(CStringView, bool) {
+    return noFile;
+}
+FileStatus NullFiles::createFolder(CStringView) {
+    return noFile;
+}
 FileStatus NullFiles::resolve(CStringView path, CString& resolved) {
     resolved = path;
     return {};

@@ -61,9 +61,14 @@ LineEditor::~LineEditor() {
 std::optional<std::string> LineEditor::read(std::string_view prompt) {
     if (!terminal_) {
         std::string line;
-        if (!std::getline(std::cin, line))
+        errno = 0;
+        if (std::getline(std::cin, line) || !line.empty())
+            return line;
+        if (errno != EINTR)
             return std::nullopt;
-        return line;
+        std::clearerr(stdin); // the break key, not the end
+        std::cin.clear();
+        return std::string();
     }
     Terminal& own = *terminal_;
     own.prompt = prompt;

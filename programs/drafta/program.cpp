@@ -10,7 +10,9 @@
 
 #include <csignal>
 #include <cstdio>
+#include <fcntl.h>
 #include <filesystem>
+#include <unistd.h>
 
 namespace drafta {
 
@@ -59,6 +61,17 @@ int complain(const std::string& problem, int code = inputError) {
     return code;
 }
 
+/// A standard stream that is closed would lend its number to the next file that is opened, and what is
+/// printed would go there.
+void occupyStandardDescriptors() {
+    for (int descriptor = ::open("/dev/null", O_RDWR); descriptor >= 0;
+         descriptor = ::open("/dev/null", O_RDWR))
+        if (descriptor > STDERR_FILENO) {
+            ::close(descriptor);
+            break;
+        }
+}
+
 std::string productFolder() {
     std::error_code error;
     const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
@@ -102,8 +115,14 @@ bool openFiles(Host& host, const std::vector<std::string>& files) {
 int runBatch(Host& host, Screen& screen, const Options& options) {
     if (!openFiles(host, options.files))
         return inputError;
-    if (!std::filesystem::is_regular_file(options.batchFile))
-        return complain(options.batchFile + ": no such file");
+    ryv::Platform& ports = host.platform();
+    ryv::FileInformation information;
+    ryv::FileStatus status =
+        ports.os.files->information(ports.os.paths->fromNative(options.batchFile), information);
+    if (status.ok() && !information.isRegular)
+        status.error = information.isFolder ? ryv::FileError::isFolder : ryv::FileError::notRegular;
+    if (!status.ok())
+        return complain(options.batchFile + ": " + describe(status.error));
     const bool good = host.loadLisp(host.platform().os.paths->fromNative(options.batchFile));
     screen.beginLine();
     host.warnOfChanges();
@@ -112,23 +131,31 @@ int runBatch(Host& host, Screen& screen, const Options& options) {
 
 int runConsole(Host& host, Screen& screen, LineEditor& lines, const Options& options) {
     openFiles(host, options.files);
+    bool asked = false;
     while (!host.hasQuit()) {
         screen.beginLine();
         const std::optional<std::string> line = lines.read(ryv::nameToBytes(host.prompt()));
         screen.typed();
-        if (!line)
+        if (line) {
+            host.runLine(ryv::decodeUtf8(*line));
+        } else if (lines.isInteractive() && !asked) {
+            host.quit(); // once: whoever ends the input again means it
+            asked = true;
+        } else {
             break;
-        host.runLine(ryv::decodeUtf8(*line));
+        }
     }
     screen.beginLine();
-    if (!host.hasQuit())
-        host.warnOfChanges();
+    if (host.prompt() != u"Command: ")
+        complain("the last expression is not closed");
+    host.warnOfChanges();
     return done;
 }
 
 } // namespace
 
 int run(int argc, char** argv) {
+    occupyStandardDescriptors();
     Options options;
     std::string problem;
     if (!parseOptions(argc, argv, options, problem))
@@ -140,7 +167,9 @@ int run(int argc, char** argv) {
 
     const bool isConsole = options.mode == Options::Mode::console;
     Screen screen(!isConsole);
-    LineEditor lines(options.profileFolder + "/history");
+    std::optional<LineEditor> lines;
+    if (isConsole)
+        lines.emplace(options.profileFolder + "/history");
     HostOptions hostOptions;
     hostOptions.profileFolder = options.profileFolder;
     hostOptions.productFolder = productFolder();
@@ -152,7 +181,7 @@ int run(int argc, char** argv) {
             // A prompt may have several lines; only the last one stands in front of what is typed.
             const std::size_t last = prompt.rfind('\n') + 1;
             screen.print(prompt.substr(0, last));
-            std::optional<std::string> line = lines.read(prompt.substr(last));
+            std::optional<std::string> line = lines->read(prompt.substr(last));
             screen.typed();
             return line;
         };
@@ -161,13 +190,16 @@ int run(int argc, char** argv) {
         host.mapper().mapDrive(static_cast<char16_t>(letter), folder);
     if (!options.answersFile.empty() && !takeAnswers(host, options.answersFile, problem))
         return complain(problem);
+    std::signal(SIGXFSZ, SIG_IGN); // a limit on file sizes is a failure to write, to be reported like others
     interruptible = &host;
     struct sigaction action {};
     action.sa_handler = onInterrupt; // without SA_RESTART, so that waiting for a line ends as well
     sigaction(SIGINT, &action, nullptr);
     host.newDocument();
-    const int code = isConsole ? runConsole(host, screen, lines, options) : runBatch(host, screen, options);
+    const int code = isConsole ? runConsole(host, screen, *lines, options) : runBatch(host, screen, options);
     interruptible = nullptr;
+    if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0)
+        return complain("what was printed could not be written");
     return code;
 }
 

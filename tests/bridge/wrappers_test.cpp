@@ -135,7 +135,7 @@ const Wrapper wrappers[] = {
         [](Output& o) { return lisp::checkCatalogValue(u"c", o.number); }},
     {R"("kq_strblk_inline_gap_su" nil 1)", Takes::numbers,
         [](Output& o) { return lisp::inlineGap(o.numbers); }},
-    {R"("kq_strblk_inline_gap_su" ( 0.50 ) nil)", Takes::numbers,
+    {R"("kq_strblk_inline_gap_su" ( 0.50 ))", Takes::numbers,
         [](Output& o) { return lisp::setUpInlineGap(o.numbers, o.numbers); }},
     {R"("kq_fio_does_block_exist_disk" "B")", Takes::string,
         [](Output& o) { return lisp::findBlockFile(u"B", o.text); }},

@@ -202,6 +202,33 @@ TEST_F(PosixFilesTest, lock_isHadAsSoonAsAPatientWaiterCan) {
     EXPECT_TRUE(files.close(handle).ok());
 }
 
+TEST_F(PosixFilesTest, protectionAndHiddenMark_areSetAndTakenOff) {
+    folder.write("x", "");
+    const CString path = folder.module(u"x");
+    FileInformation found;
+    EXPECT_TRUE(files.setReadOnly(path, true).ok());
+    EXPECT_TRUE(files.information(path, found).ok() && found.readOnly);
+    EXPECT_TRUE(files.setReadOnly(path, false).ok());
+    EXPECT_TRUE(files.information(path, found).ok() && !found.readOnly && !found.isHidden);
+    const FileStatus hidden = files.setHidden(path, true);
+    if (hidden.error != FileError::unsupported) { // what the temporary folder's file system can keep
+        EXPECT_TRUE(hidden.ok());
+        EXPECT_TRUE(files.information(path, found).ok() && found.isHidden);
+        EXPECT_TRUE(files.setHidden(path, false).ok());
+        EXPECT_TRUE(files.setHidden(path, false).ok()) << "already off";
+        EXPECT_TRUE(files.information(path, found).ok() && !found.isHidden);
+    }
+    EXPECT_EQ(files.setReadOnly(folder.module(u"none"), true).error, FileError::missing);
+    EXPECT_EQ(files.setHidden(folder.module(u"none"), true).error, FileError::missing);
+}
+
+TEST_F(PosixFilesTest, createFolder_makesOneLevel) {
+    EXPECT_TRUE(files.createFolder(folder.module(u"Ä")).ok());
+    EXPECT_TRUE(std::filesystem::is_directory(folder.native("Ä")));
+    EXPECT_EQ(files.createFolder(folder.module(u"Ä")).error, FileError::exists);
+    EXPECT_EQ(files.createFolder(folder.module(u"a\\b")).error, FileError::missing);
+}
+
 TEST_F(PosixFilesTest, resolve_followsLinksAndTakesTheSpellingOnDisk) {
     std::filesystem::create_directories(folder.native("Deep/er"));
     folder.write("Deep/A.kqp", "");

@@ -319,13 +319,13 @@ TEST_F(SettingsBlock, script_isWrittenAsPlainTextIntoTheUserFolder) {
     CString path = u"before";
     files.put(u"/usr/me/_SCRTMP1.SCR", std::string(100, 'x'));
     EXPECT_TRUE(writeTempScript(u"_.SAVEAS\n\u96FB\n", path));
-    EXPECT_EQ(path, u"/usr/me/_SCRTMP1.SCR");
-    EXPECT_EQ(files.get(path), "_.SAVEAS\n\xE9\x9B\xBB\n");
+    EXPECT_EQ(path, u"\\usr\\me\\_SCRTMP1.SCR");
+    EXPECT_EQ(files.get(u"/usr/me/_SCRTMP1.SCR"), "_.SAVEAS\n\xE9\x9B\xBB\n");
     EXPECT_EQ(files.openHandles(), 0u);
     host.userFolder = u"\\usr\\me\\my";
     EXPECT_TRUE(writeTempScript(u"", path));
     EXPECT_EQ(path, u"\\usr\\me\\my_SCRTMP1.SCR");
-    files.setReadOnly(path);
+    files.protect(path);
     const CString kept = path;
     EXPECT_FALSE(writeTempScript(u"x", path));
     host.userFolder.clear();

@@ -48,7 +48,7 @@ TEST_F(KqpFiler, openForReading_needsAFile) {
 
 TEST_F(KqpFiler, openForWriting_refusesWhatCannotBeReplaced) {
     files.put(path, "x\n");
-    files.setReadOnly(path);
+    files.protect(path);
     EXPECT_FALSE(filer.openProject(path, true));
     EXPECT_EQ(filer.getLastError(), Error::cannotOpen);
     EXPECT_EQ(filer.lastStatus().error, FileError::readOnly);

@@ -24,6 +24,9 @@ enum class FileCall {
     information,
     lock,
     copyAttributes,
+    setReadOnly,
+    setHidden,
+    createFolder,
     resolve
 };
 
@@ -113,6 +116,15 @@ public:
     }
     FileStatus copyAttributes(CStringView from, FileHandle to) override {
         return pass(FileCall::copyAttributes, [&] { return real_->copyAttributes(from, to); });
+    }
+    FileStatus setReadOnly(CStringView path, bool readOnly) override {
+        return pass(FileCall::setReadOnly, [&] { return real_->setReadOnly(path, readOnly); });
+    }
+    FileStatus setHidden(CStringView path, bool hidden) override {
+        return pass(FileCall::setHidden, [&] { return real_->setHidden(path, hidden); });
+    }
+    FileStatus createFolder(CStringView path) override {
+        return pass(FileCall::createFolder, [&] { return real_->createFolder(path); });
     }
     FileStatus resolve(CStringView path, CString& resolved) override {
         return pass(FileCall::resolve, [&] { return real_->resolve(path, resolved); });

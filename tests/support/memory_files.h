@@ -28,7 +28,7 @@ public:
         return file ? std::optional(file->bytes) : std::nullopt;
     }
     void erase(CStringView path) { entries_.erase(toUpper(path)); }
-    void setReadOnly(CStringView path) { find(path)->information.readOnly = true; }
+    void protect(CStringView path) { find(path)->information.readOnly = true; }
     /// Moves all files of one folder into another, under the names that they have.
     void moveFolder(CStringView from, CStringView to) {
         std::map<CString, Entry> moved;
@@ -126,6 +126,13 @@ public:
         handles_.at(to).file->information.readOnly = find(from)->information.readOnly;
         return {};
     }
+    FileStatus setReadOnly(CStringView path, bool readOnly) override {
+        return change(path, [&](FileInformation& information) { information.readOnly = readOnly; });
+    }
+    FileStatus setHidden(CStringView path, bool hidden) override {
+        return change(path, [&](FileInformation& information) { information.isHidden = hidden; });
+    }
+    FileStatus createFolder(CStringView) override { return {FileError::exists, 0}; }
     FileStatus resolve(CStringView path, CString& resolved) override {
         const auto hit = entries_.find(toUpper(path));
         resolved = hit == entries_.end() ? CString(path) : hit->second.path;
@@ -161,6 +168,13 @@ private:
         file->information.isRegular = true;
         entries_[toUpper(path)] = {CString(path), file};
         return *file;
+    }
+    template <class Change>
+    FileStatus change(CStringView path, const Change& make) {
+        const auto file = find(path);
+        if (file)
+            make(file->information);
+        return {file ? FileError::none : FileError::missing, 0};
     }
     bool isFolder(CStringView path) const {
         const CString prefix = toUpper(path) + u"\\";

@@ -65,8 +65,17 @@ class ScriptedProjectDatabase final : public ProjectDatabase {
 public:
     std::map<CString, CString> paths; ///< by the folded project ID
     bool helperProcess = false;
-    CStringArray renames; ///< "started ID|old path|file ID" and "completed ID|new path"
+    std::map<CString, CStringArray> rows; ///< by "table|column|condition"
+    CStringArray renames;                 ///< "started ID|old path|file ID" and "completed ID|new path"
 
+    bool query(const DatabaseQuery& query, CStringArray& row, CString& problem) override {
+        const auto hit = rows.find(query.table + u"|" + query.column + u"|" + query.condition);
+        if (hit != rows.end())
+            row = hit->second;
+        else
+            problem = u"no such table";
+        return hit != rows.end();
+    }
     bool PmGetProjectDb(CStringView projectId, CString& path) override {
         const auto hit = paths.find(toUpper(projectId));
         const bool fits = hit != paths.end() && hit->second.size() < 260;

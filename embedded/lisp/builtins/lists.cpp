@@ -73,9 +73,10 @@ Value last(Machine&, Arguments arguments) {
 
 Value nth(Machine&, Arguments arguments) {
     Value rest = listArgument(arguments[1]);
-    for (std::int32_t left = integerArgument(arguments[0]); left > 0 && rest.isCons(); --left)
+    std::int32_t left = integerArgument(arguments[0]);
+    for (; left > 0 && rest.isCons(); --left)
         rest = rest.cdr();
-    return rest.car();
+    return left < 0 ? Value() : rest.car();
 }
 
 Value length(Machine&, Arguments arguments) {

@@ -24,7 +24,9 @@ protected:
             typed.erase(typed.begin());
             return line;
         },
-        [](ryv::CStringView path) { return ryv::replaceAll(path, u'/', u'\\'); }}};
+        [](ryv::CStringView path) { return ryv::replaceAll(path, u'/', u'\\'); },
+        [](ryv::CStringView path) { return CString(path); },
+        [](ryv::CStringView path) { return !path.starts_with(u"\\new"); }}};
 
     void answers(ryv::CStringView text) {
         Answers read;
@@ -51,6 +53,18 @@ TEST_F(QuestionsTest, answersFile_answersInOrderAndRepeatsTheLast) {
     EXPECT_EQ(ui.chooseFiles({3, u"", u"", u"", u".kqp", false, true}),
         (std::vector<CString>{u"\\a\\b.kqp", u"\\c.kqp"}));
     EXPECT_TRUE(warnings.empty());
+}
+
+TEST_F(QuestionsTest, newFiles_getTheirExtensionAndReplaceNothingUnasked) {
+    answers(u"file 3: /new/a\nfile 3: /new/b.ZIP\nfile 3: /there.zip\nmessage 2: no\nmessage 2: yes\nfile 4: "
+            u"/new/x\n");
+    const ryv::FileRequest save{3, u"", u"", u"", u".zip", true, false};
+    EXPECT_EQ(ui.chooseFiles(save), (std::vector<CString>{u"\\new\\a.zip"}));
+    EXPECT_EQ(ui.chooseFiles(save), (std::vector<CString>{u"\\new\\b.ZIP"}));
+    EXPECT_TRUE(ui.chooseFiles(save).empty());
+    EXPECT_EQ(ui.chooseFiles(save), (std::vector<CString>{u"\\there.zip"}));
+    EXPECT_TRUE(ui.chooseFiles({4, u"", u"", u"", u".kqp", false, false}).empty())
+        << "to be opened, and not there";
 }
 
 TEST_F(QuestionsTest, badLines_areNamed) {

@@ -38,10 +38,12 @@ public:
         if (onSettle)
             std::exchange(onSettle, nullptr)();
     }
-    std::optional<CString> evaluate(CStringView expression) override {
+    bool evaluate(CStringView expression, ValueForm form, CString& value) override {
         note(u"eval " + CString(expression));
-        return lisp ? lisp(expression) : CString(u"nil");
+        value = form == ValueForm::none ? CString() : lisp ? lisp(expression).value_or(CString()) : u"nil";
+        return form != ValueForm::answer || value != u"nil";
     }
+    CString shownPath(CStringView path) override { return CString(path); }
     bool callLispCommand(CStringView name) override {
         if (name != u"lispy")
             return false;
@@ -125,11 +127,11 @@ TEST_F(CommandLineTest, questions_areAnsweredFromWordsScriptQueueOrPerson) {
     EXPECT_EQ(std::exchange(site.log, {}), (Log{"lock _ask", "run ask", "got of words", "lock _ask"}));
     EXPECT_EQ(logOf(u"ask of the queue\rplain\r"), (Log{"run ask", "got of the queue", "run plain"}));
     site.scripts[u"s"] = u"ask\nof the script\nplain\n";
-    EXPECT_EQ(logOf(u"now s\r"),
-        (Log{"run now", "> Command: ask", "run ask", "got of the script", "> Command: plain", "run plain"}));
+    EXPECT_EQ(logOf(u"now s\r"), (Log{"run now", "> Command: ask", "run ask", "> what? of the script",
+                                     "got of the script", "> Command: plain", "run plain"}));
     site.person = {u"of the person"};
     EXPECT_EQ(logOf(u"ask\r"), (Log{"run ask", "got of the person"}));
-    site.lisp = [](CStringView) { return u"\"of LISP\""; };
+    site.lisp = [](CStringView) { return u"of LISP"; };
     EXPECT_EQ(logOf(u"ask (x)\r"), (Log{"run ask", "eval (x)", "got of LISP"}));
     EXPECT_EQ(logOf(u"ask\r"), (Log{"run ask", "> *Cancel*"}));
 }

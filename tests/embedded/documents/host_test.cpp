@@ -175,7 +175,8 @@ TEST_F(HostTest, queuedOpen_runsWhenIdle_asTheModuleSendsIt) {
     printed.clear();
     host.commandLine().runUntilIdle();
     EXPECT_EQ(port.documents().size(), 2u);
-    EXPECT_EQ(printed, "\nCommand: _.open\nOpened " + path + "\n");
+    EXPECT_EQ(printed, "\nCommand: _.open\nDrawing to open: " + ryv::toUtf8(module("with blanks.dwg")) +
+                           "\nOpened " + path + "\n");
     EXPECT_TRUE(port.isQuiescent(port.currentDocument()));
 }
 
@@ -241,7 +242,82 @@ TEST_F(HostTest, projectWrite_keepsAllElseAndRefusesWhatSomebodyElseChanged) {
     EXPECT_NE(line("(project-write " + path + " '(\"lines\"))").find("somebody else changed it"),
         std::string::npos);
     EXPECT_EQ(folder.read("p.kqp"), "*[1]theirs\n");
+    line("(project-read " + path + ")");
+    folder.write("p.kqp", "*[1]theirs again\n");
+    EXPECT_NE(
+        line("(project-write " + path + " '(\"lines\" 5))").find("bad argument type"), std::string::npos);
+    EXPECT_NE(line("(project-write " + path + " '(\"lines\"))").find("somebody else"), std::string::npos)
+        << "a refused call forgets nothing";
     EXPECT_NE(line("(project-read \"/nowhere/p.kqp\")").find("/nowhere/p.kqp: "), std::string::npos);
+}
+
+TEST_F(HostTest, faults_endWhatFailedAndNotTheHost) {
+    line("(setq x nil)");
+    line("(progn (repeat 300000 (setq x (list x))) 1)");
+    EXPECT_NE(line("(progn x)").find("nested too deeply"), std::string::npos) << printed.substr(0, 200);
+    host.platform().host.commands->addCommand(
+        {u"T", u"BAD", u"BAD", 0, [] { throw std::invalid_argument("index outside the array"); }});
+    EXPECT_EQ(line("bad"), "failed: index outside the array\n");
+    EXPECT_EQ(line("(command \"BAD\")"), "failed: index outside the array\n\nnil");
+    host.documents().executeInApplicationContext([] { throw 5; });
+    EXPECT_EQ(line("(+ 1 2)"), "failed\n\n3");
+    host.platform().host.lisp->defineFunction(u"ryv_bad", 1);
+    host.platform().host.lisp->registerHandler(1, []() -> int { throw 5; });
+    EXPECT_NE(line("(ryv_bad)").find("a function of the host failed"), std::string::npos);
+}
+
+TEST_F(HostTest, answers_areTextAndNoCodeWhenTheyAreQuotedOrHandedOver) {
+    const std::string path = copyOf("01 Cover Sheet.dwg", "(1) a.dwg");
+    EXPECT_EQ(line("open \"" + path + "\""), "Opened " + path + "\n");
+    line("(command \"SETVAR\" \"USERS1\" \"'two\nlines\")");
+    EXPECT_EQ(line("(getvar \"USERS1\")"), "\"'two\\nlines\"");
+    line("setvar\nusers1\n(strcat \"a\\\\b\" \"\\\"\")");
+    EXPECT_EQ(line("(strlen (getvar \"USERS1\"))"), "4") << "the string itself, not as it is printed";
+    EXPECT_EQ(line("saveas\n(car nil)"), "*Cancel*\n");
+}
+
+TEST_F(HostTest, saveAs_replacesNothingUnasked) {
+    const std::string own = copyOf("01 Cover Sheet.dwg", "own.dwg");
+    folder.write("other.dwg", "theirs");
+    line("open " + own);
+    line("saveas " + folder.native("other.dwg"));
+    EXPECT_EQ(folder.read("other.dwg"), "theirs");
+    line("(setq h (dwg-current)) (dwg-first h \"TITLE_A\") (dwg-set h \"REV\" \"X\")");
+    folder.write("own.dwg", "changed outside");
+    EXPECT_NE(line("saveas " + own).find("changed outside"), std::string::npos);
+    EXPECT_EQ(folder.read("own.dwg"), "changed outside");
+}
+
+TEST_F(HostTest, zipWrite_refusesItselfAndNothing) {
+    folder.write("a.txt", "a");
+    const std::string path = "\"" + folder.native("a.txt") + "\"";
+    EXPECT_NE(line("(zip-write " + path + " nil)").find("nothing to put"), std::string::npos);
+    EXPECT_NE(line("(zip-write " + path + " (list (cons " + path + " \"a\")))").find("hold itself"),
+        std::string::npos);
+    EXPECT_EQ(folder.read("a.txt"), "a");
+}
+
+TEST_F(HostTest, closingInsideTheNoticeOfAnEnd_isRefused) {
+    class Closer final : public ryv::DocumentObserver {
+    public:
+        Documents* documents = nullptr;
+        bool closed = true;
+        void documentToBeDestroyed(DocumentId id) override { closed = documents->close(id); }
+    } closer;
+    closer.documents = &host.documents();
+    host.documents().add(closer);
+    EXPECT_TRUE(host.documents().close(DocumentId(1)));
+    EXPECT_FALSE(closer.closed);
+    host.documents().remove(closer);
+}
+
+TEST_F(HostTest, nothingRunsBehindQuit) {
+    folder.write("q.scr", "quit\n(setvar \"USERI1\" 5)\n");
+    line("script " + folder.native("q.scr"));
+    EXPECT_TRUE(host.hasQuit());
+    ryv::SystemVariable value;
+    host.platform().host.editor->systemVariable(u"USERI1", value);
+    EXPECT_EQ(std::get<std::int32_t>(value), 0);
 }
 
 TEST_F(HostTest, quitting_asksForChangesAndCanBeVetoed) {

@@ -109,12 +109,14 @@ TEST_F(Host, invoke_callsWhatIsExposed) {
     EXPECT_EQ(utf8(error.message), "no invocable function: Pair");
     EXPECT_EQ(run("(expose-function 'none)"), "error: no function definition: NONE");
     EXPECT_EQ(run("(expose-function 'pair)"), "T");
-    EXPECT_EQ(lisp.invoke(call(u"pair"), result, &error), LispStatus::failure);
-    EXPECT_EQ(utf8(error.message), "too few arguments for PAIR");
+    EXPECT_EQ(lisp.invoke(HostResultBuffer(pair).addNil(), result, &error), LispStatus::failure);
+    EXPECT_EQ(utf8(error.message), "too many arguments for PAIR");
     EXPECT_EQ(lisp.invoke({}, result), LispStatus::failure);
     EXPECT_EQ(shown(result), "7"); // failures leave it alone
     EXPECT_EQ(lisp.invoke(pair, result), LispStatus::success);
     EXPECT_EQ(shown(result), "( 'x' ) 1");
+    EXPECT_EQ(lisp.invoke(call(u"pair").addInteger(1), result), LispStatus::success);
+    EXPECT_EQ(shown(result), "nil 1") << "arguments left out at the end are nil";
     EXPECT_EQ(run("(defun pair (a b) 'newer)"), "PAIR");
     EXPECT_EQ(lisp.invoke(pair, result), LispStatus::success);
     EXPECT_EQ(shown(result), "'NEWER'");
