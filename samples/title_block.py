@@ -9,7 +9,7 @@ STRIP_TOP = 40.0
 # (tag or None, caption, x, y, height, value): cells of the title strip.
 CELLS = (
     ("CUSTOMER", "CUSTOMER", 12, 30, 3.0, "Municipal Water Works Altenbrück"),
-    ("PLANT", "PLANT", 12, 20, 3.0, "Waste Water Pump Station Nord"),
+    ("PLANT", "PLANT", 12, 20, 3.0, "Waste water pump station Nord"),
     ("JOB", "JOB", 12, 11.5, 3.0, "24-0117"),
     ("REV", "REV", 62, 11.5, 3.0, "B"),
     ("DRAWN", "DRAWN", 112, 30, 2.5, "M. Nowak"),

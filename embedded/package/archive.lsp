@@ -3,14 +3,15 @@
 
 ;; Archives the selected drawings, or all of the project, with the project's own files. Mode 0 writes
 ;; PROJECT.zip beside the project, any other asks for the file. The path of the archive, or nil.
-(defun c:kq_zip_do_kqzip (mode / project target)
+(defun c:kq_zip_do_kqzip (mode / selected project target)
+  (setq selected (ryp-take-selection))
   (if (setq project (ryp-project))
     (progn
       (setq target (ryp-beside-project (car project) ".zip"))
       (if (/= mode 0)
         (setq target (choose-file 5002 (ryp-message "archive" nil) (path-folder (car project)) ".zip" T)))
       (if target
-        (ryp-archive (car project) (ryp-take-selection (ryp-project-drawings project)) target)))))
+        (ryp-archive (car project) (ryp-chosen-drawings selected (ryp-project-drawings project)) target)))))
 
 (defun ryp-archive (path drawings target / files)
   (setq files (ryp-archive-files path (append (ryp-companions path) (mapcar 'ryp-drawing-file drawings))))

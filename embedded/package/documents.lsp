@@ -10,12 +10,16 @@
 (defun c:kq_9_do_qsave (/ path)
   (setq GBL_QSave_accept
     (if (cond
-          ((caddr (assoc (doc-current) (doc-list))) (doc-save))
+          ((ryp-document-has-file) (doc-save))
           ((setq path (choose-file 5003 (ryp-message "save-drawing" nil) (c:kq_getenv "KQ_PROJ") ".dwg" T))
             (doc-save-as path)))
       1
       0))
   (= GBL_QSave_accept 1))
+
+;; Whether the current document has a file; one that was never saved has only a name.
+(defun ryp-document-has-file ()
+  (caddr (assoc (doc-current) (doc-list))))
 
 ;; Forgets which menu was chosen last.
 (defun c:kq_menu_clear_kqmenu2use ()

@@ -5,15 +5,16 @@
     "list-description-3" "list-installation" "list-location" "list-subfolder" "list-reference" "list-file"))
 
 ;; Reports the selected drawings, or all drawings of the project; the path of the report, or nil.
-(defun c:kq_dwglst_proj (/ project)
+(defun c:kq_dwglst_proj (/ selected project)
+  (setq selected (ryp-take-selection))
   (if (setq project (ryp-project))
-    (ryp-report-drawings (car project) (ryp-project-drawings project))))
+    (ryp-report-drawings (car project) (ryp-chosen-drawings selected (ryp-project-drawings project)))))
 
 (defun ryp-report-drawings (path drawings / file lines)
   (setq file (ryp-beside-project path "_drawings.csv")
         lines (cons (ryp-csv-line (ryp-list-headings))
                     (mapcar '(lambda (drawing) (ryp-csv-line (ryp-list-row drawing (path-folder path))))
-                            (ryp-take-selection drawings))))
+                            drawings)))
   (foreach line lines
     (ryp-print line))
   (if (ryp-write-lines file lines "\r\n")
@@ -30,7 +31,7 @@
         path (ryp-field drawing 'path))
   (append
     (list (ryp-setting settings "SHEET") (ryp-setting settings "SHEETDWGNAME")
-          (ryp-field drawing 'section) (ryp-field drawing 'sub-section))
+          (ryp-text-field drawing 'section) (ryp-text-field drawing 'sub-section))
     (ryp-take (ryp-field drawing 'descriptions) 3)
     (list (ryp-setting settings "IEC_INST") (ryp-setting settings "IEC_LOC") (ryp-field drawing 'trace)
           (if (ryp-field drawing 'reference) "1" "")

@@ -37,12 +37,15 @@
       '(lambda (attribute) (cons (strcase (car attribute)) (cdr attribute)))
       (dwg-attributes drawing))))
 
-;; A setting's value; empty when there is none. The sheet is also found under its other name.
-(defun ryp-setting (settings name)
+;; A setting's value; nil when there is none. The sheet is also found under its other name.
+(defun ryp-held-setting (settings name)
   (cond
     ((cdr (assoc name settings)))
-    ((if (= name "SHEET") (cdr (assoc "SHEET_" settings))))
-    ("")))
+    ((if (= name "SHEET") (cdr (assoc "SHEET_" settings))))))
+
+;; The same, empty when there is none.
+(defun ryp-setting (settings name)
+  (cond ((ryp-held-setting settings name)) ("")))
 
 ;; The settings of the drawing of a file; nil when it cannot be read.
 (defun ryp-settings-of-file (path)

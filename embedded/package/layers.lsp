@@ -17,11 +17,12 @@
     (ryp-tell "no-settings" nil)))
 
 ;; Sets up wire layers: (NUMBER (NAME VALUE ...) ...). The names go to the wire layers of the drawing, and
-;; what else is asked for each layer is printed.
-(defun kq_cfg_setup_wlay_doit (request)
-  (foreach layer (cdr request)
+;; what else is asked for each layer is printed. A list without a name asks for nothing.
+(defun kq_cfg_setup_wlay_doit (request / layers)
+  (setq layers (vl-remove-if '(lambda (layer) (member (car layer) '(nil ""))) (cdr request)))
+  (foreach layer layers
     (ryp-tell "wire-layer" (list (car layer) (ryp-join (cdr layer) ","))))
-  (kq_cfg_add_lay 0 (mapcar 'car (cdr request))))
+  (kq_cfg_add_lay 0 (mapcar 'car layers)))
 
 ;; Asks for names of wire layers, with commas, and sets them up.
 (defun kq_cfg_setup_wlay (/ names)

@@ -1,8 +1,12 @@
-;; The drawing section of a project file as a list of entries. An entry is a drawing or an empty subfolder:
+;; The drawing section of a project file as a list of entries. An entry is a drawing, an empty subfolder, or,
+;; at the end, attributes without a drawing:
 ;;
 ;;   ((path . FULLPATH) (section . TEXT) (sub-section . TEXT) (descriptions TEXT ...) (reference . T or nil)
 ;;    (trace . "A/B") (lines LINE ...))
 ;;   ((empty . "A/B") (lines LINE ...))
+;;   ((lines LINE ...))
+;;
+;; Section and sub-section are nil for a drawing that has no line for them.
 ;;
 ;; "lines" are the entry's lines as they stand in the file, so that entries can be put into another order,
 ;; or left out, without touching anything else.
@@ -10,12 +14,16 @@
 (defun ryp-field (entry name)
   (cdr (assoc name entry)))
 
+;; A text of an entry; empty when it has none.
+(defun ryp-text-field (entry name)
+  (cond ((ryp-field entry name)) ("")))
+
 ;; What (project-read) gives, under a name: "descriptions", "misc", "settings" or "lines".
 (defun ryp-part (project name)
   (cdr (assoc name project)))
 
 ;; All entries of a project, in the order of the file.
-(defun ryp-entries (path project / folder pending entry entries)
+(defun ryp-entries (path project / folder pending entries)
   (setq folder (path-folder path))
   (foreach line (ryp-part project "lines")
     (cond
@@ -23,11 +31,13 @@
         (setq entries (cons (ryp-empty-entry line) entries)))
       ((ryp-starts line "=")
         (setq pending (cons line pending)))
-      ((/= (ryp-trim line) "")
-        (setq entry (ryp-drawing-entry (reverse pending) line folder)
-              entries (cons entry entries)
+      (T
+        (setq entries (cons (ryp-drawing-entry (reverse pending) line folder) entries)
               pending nil))))
-  (reverse entries))
+  (reverse
+    (if pending
+      (cons (list (cons 'lines (reverse pending))) entries)
+      entries)))
 
 ;; All drawings of a project, given as (PATH . CONTENT).
 (defun ryp-project-drawings (project)
@@ -35,7 +45,7 @@
 
 ;; The drawings among entries.
 (defun ryp-drawings (entries)
-  (vl-remove-if '(lambda (entry) (assoc 'empty entry)) entries))
+  (vl-remove-if-not '(lambda (entry) (assoc 'path entry)) entries))
 
 (defun ryp-marks-empty (line)
   (and (ryp-starts line "=====SUB=") (vl-string-search "[Empty]" line)))
@@ -50,7 +60,7 @@
     "/"))
 
 (defun ryp-drawing-entry (attributes line folder / section sub-section descriptions reference trace)
-  (setq section "" sub-section "" trace "")
+  (setq trace "")
   (foreach text attributes
     (cond
       ((ryp-starts text "====REF") (setq reference T))

@@ -14,14 +14,28 @@
     ((setq content (project-read path))
       (cons path content))))
 
-;; Makes a project the active one of all documents; T.
+;; Makes a project the active one of all documents; T, or nil when there is no such file.
 (defun ryv_makeproj_active (path)
   (setq path (path-full path))
+  (if (file-exists path)
+    (ryp-activate-project path)
+    (ryp-tell "no-such-project" (list (path-native path)))))
+
+(defun ryp-activate-project (path)
   (if (/= path (bb-get "ryp-active-project"))
     (ryp-remember-project path))
   (bb-set "ryp-active-project" path)
   (ryp-forget-locations)
   (c:ryv_kqp_reread)
+  T)
+
+;; A project was closed, or removed from those that are open; T.
+(defun ryv_proj_closed (path)
+  (setq path (path-full path))
+  (ryp-remember-closed path)
+  (if (ryp-same path (cond ((bb-get "ryp-active-project")) ("")))
+    (bb-set "ryp-active-project" nil))
+  (ryp-forget-locations)
   T)
 
 ;; The name of a project: that of its file without the extension.
@@ -73,9 +87,11 @@
     (ryv_rereadproject path))
   (c:ryv_update_dwg_lst))
 
-;; Asks for a new project's file and makes it, empty; the path, or nil.
+;; Asks for a new project's file and makes it, empty; the path, which always ends in ".kqp", or nil.
 (defun c:ryv_proj_new (mode / path)
-  (setq path (choose-file 5001 (ryp-message "new-project" nil) (c:kq_getenv "KQ_PROJ") ".kqp" T))
+  (setq path (choose-file 5001 (ryp-message "new-project" nil) (c:kq_getenv "KQ_PROJ") ".kqp" "new"))
+  (if (and path (not (ryp-ends (strcase path) ".KQP")))
+    (setq path (strcat path ".kqp")))
   (cond
     ((null path) nil)
     ((file-exists path) (ryp-tell "exists" (list (path-native path))))
@@ -106,5 +122,8 @@
       (ryp-tell "libraries" (list (ryp-project-name path)))
       (foreach setting (ryp-part content "misc")
         (if (<= 1 (car setting) 3)
-          (ryp-print (strcat "  " (kq_1_luk4_replaceable_substitution (cdr setting))))))
+          (ryp-print (strcat "  " (ryp-shown-folders (kq_1_luk4_replaceable_substitution (cdr setting)))))))
       T)))
+
+(defun ryp-shown-folders (folders)
+  (ryp-join (mapcar 'ryp-shown-path (ryp-split folders ";")) ";"))

@@ -24,14 +24,21 @@
     (cond ((path-relative (path-folder path) (ryp-field drawing 'path))) ((ryp-field drawing 'path)))))
 
 ;; The entries that are left, with a mark for each subfolder that lost its last drawing, so that it stays.
-(defun ryp-keep-subfolders (before left / held)
+;; Attributes at the end stay at the end.
+(defun ryp-keep-subfolders (before left / held markers)
   (setq held (mapcar '(lambda (entry) (cond ((ryp-field entry 'trace)) ((ryp-field entry 'empty)))) left))
   (foreach entry before
     (if (and (ryp-field entry 'trace) (/= (ryp-field entry 'trace) "")
              (not (member (ryp-field entry 'trace) held)))
       (setq held (cons (ryp-field entry 'trace) held)
-            left (append left (list (ryp-marker-of-empty (ryp-field entry 'trace)))))))
-  left)
+            markers (cons (ryp-marker-of-empty (ryp-field entry 'trace)) markers))))
+  (append
+    (vl-remove-if 'ryp-belongs-to-nothing left)
+    (reverse markers)
+    (vl-remove-if-not 'ryp-belongs-to-nothing left)))
+
+(defun ryp-belongs-to-nothing (entry)
+  (not (or (assoc 'path entry) (assoc 'empty entry))))
 
 (defun ryp-marker-of-empty (trace)
   (ryp-empty-entry (strcat "=====SUB=" trace "[Empty]")))

@@ -4,14 +4,15 @@
 (defun ryp-request (what paths)
   (ryp-tell "request" (list what (itoa (length paths))))
   (foreach path paths
-    (ryp-print (strcat "  " (path-native path))))
+    (ryp-print (strcat "  " (ryp-shown-path path))))
   T)
 
 ;; The same for the selected drawings, or all drawings of the project.
-(defun ryp-request-selected (what / project)
+(defun ryp-request-selected (what / selected project)
+  (setq selected (ryp-take-selection))
   (if (setq project (ryp-project))
     (ryp-request what
-      (mapcar 'ryp-drawing-file (ryp-take-selection (ryp-project-drawings project))))))
+      (mapcar 'ryp-drawing-file (ryp-chosen-drawings selected (ryp-project-drawings project))))))
 
 (defun c:ryv_prnt_proj (unused1 unused2)
   (ryp-request-selected "plot"))

@@ -1,10 +1,14 @@
 ;; Which drawings a command works on.
 
-;; The drawings that are selected in the project tree, or all when none is. The selection holds for one
-;; command.
-(defun ryp-take-selection (drawings / selected)
+;; The paths of the drawings that are selected in the project tree. The selection holds for one command,
+;; which takes it before anything else, so that it is used up when the command fails.
+(defun ryp-take-selection (/ selected)
   (setq selected GBL_SELECTED_DWGS
         GBL_SELECTED_DWGS nil)
+  selected)
+
+;; The selected ones among drawings, or all when none is selected.
+(defun ryp-chosen-drawings (selected drawings)
   (if selected
     (ryp-drawings-of-paths selected drawings)
     drawings))
@@ -16,7 +20,7 @@
     (if (or (setq rest (ryp-from-path path (cdr rest)))
             (setq rest (ryp-from-path path drawings)))
       (setq found (cons (car rest) found))
-      (ryp-tell "not-in-project" (list (path-native path)))))
+      (ryp-tell "not-in-project" (list (ryp-shown-path path)))))
   (reverse found))
 
 ;; The rest of a list of drawings from the one of a path on; nil when there is none.

@@ -66,7 +66,7 @@
 (defun ryp-sort-value (entry kind)
   (cond
     ((= kind "sheet") (ryp-setting (ryp-settings-of-file (ryp-field entry 'path)) "SHEET"))
-    ((= kind "section") (ryp-field entry 'section))
-    ((= kind "sub-section") (ryp-field entry 'sub-section))
+    ((= kind "section") (ryp-text-field entry 'section))
+    ((= kind "sub-section") (ryp-text-field entry 'sub-section))
     ((= kind "description") (ryp-join (ryp-field entry 'descriptions) " "))
     (T (path-name (ryp-field entry 'path)))))

@@ -1,21 +1,22 @@
 ;; Writing title blocks.
 
-;; Updates the title blocks of the selected drawings, or of all drawings of the project; T when all could
-;; be done.
-(defun c:kq_tb (/ project mapping)
+;; Updates the title blocks of the selected drawings, or of all drawings of the project; T when all are up to
+;; date, so not when one of those selected is none of the project's.
+(defun c:kq_tb (/ selected project mapping)
+  (setq selected (ryp-take-selection))
   (if (and (setq project (ryp-project))
            (setq mapping (ryp-mapping-of-project (car project))))
-    (ryp-update-titles (car project) (cdr project) mapping)))
+    (ryp-update-titles selected project mapping)))
 
-(defun ryp-update-titles (path content mapping / drawings chosen done)
-  (setq drawings (ryp-project-drawings (cons path content))
-        chosen (ryp-take-selection drawings)
+(defun ryp-update-titles (selected project mapping / drawings wanted done)
+  (setq drawings (ryp-project-drawings project)
+        wanted (length (cond (selected) (drawings)))
         done 0)
-  (foreach drawing chosen
-    (if (ryp-update-file drawing content (length drawings) mapping)
+  (foreach drawing (ryp-chosen-drawings selected drawings)
+    (if (ryp-update-file drawing (cdr project) (length drawings) mapping)
       (setq done (1+ done))))
-  (ryp-tell "titles-done" (list (itoa done) (itoa (length chosen))))
-  (= done (length chosen)))
+  (ryp-tell "titles-done" (list (itoa done) (itoa wanted)))
+  (= done wanted))
 
 ;; Updates the title block of one drawing's file; T, or nil with the reason printed.
 (defun ryp-update-file (drawing content count mapping)
@@ -35,7 +36,7 @@
         '(lambda (handle / drawing)
            (if (setq drawing (ryp-drawing-of-path (dwg-file handle) drawings))
              (if (ryp-update-drawing handle drawing (cdr project) (length drawings) mapping) T)
-             (ryp-tell "not-in-project" (list (path-native (doc-name))))))))))
+             (ryp-tell "not-in-project" (list (ryp-shown-path (doc-name))))))))))
 
 ;; Writes the values into a drawing; how many attributes changed, or nil, with the reason printed, when it has
 ;; no settings, without which numbers and codes would be lost, or no block of the mapping.
@@ -62,10 +63,12 @@
              T)))))
   (if (> blocks 0) changed))
 
-;; Writes the attributes of the open title block; how many changed.
-(defun ryp-write-title (handle templates source / changed)
+;; Writes the attributes of the open title block; how many changed. What a template says nothing about keeps
+;; its text, which somebody may have written by hand.
+(defun ryp-write-title (handle templates source / changed value)
   (setq changed 0)
   (foreach template templates
-    (if (ryp-change-attribute handle (car template) (ryp-fill-template (cdr template) source))
+    (setq value (ryp-fill-template (cdr template) source))
+    (if (and value (ryp-change-attribute handle (car template) value))
       (setq changed (1+ changed))))
   changed)

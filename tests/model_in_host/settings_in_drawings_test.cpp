@@ -70,7 +70,7 @@ protected:
         return values;
     }
 
-    void expectSettings(const std::vector<ReportLine>& report, const std::map<int, std::string>& own) {
+    void expectSettings(const std::vector<ReportLine>& report) {
         const std::map<std::string, std::string> values = attributesOf(report, "KQ_M");
         for (int index = 0; index <= RyvCfgDrawingSettings::getMaxBracketIndex(); ++index) {
             CString tag, value;
@@ -78,18 +78,37 @@ protected:
             settings.getValue(index, value);
             const std::string name = toUtf8(tag);
             ASSERT_TRUE(values.contains(name)) << name;
-            if (own.contains(index))
-                EXPECT_EQ(values.at(name), own.at(index)) << name;
-            else if (!RyvCfgDrawingSettings::isDrawingSpecific(index))
+            if (!RyvCfgDrawingSettings::isDrawingSpecific(index)) {
                 EXPECT_EQ(values.at(name), toUtf8(value)) << name;
+            }
         }
     }
 };
 
 TEST_F(SettingsInDrawingsTest, drawingWithoutTheBlock_getsItWithTheProjectsSettings) {
-    const std::vector<ReportLine> report = drafta::test::reportOn(apply("plain.dwg"));
+    for (const char* const name : {"plain.dwg", "nested.dwg"}) { // one has a definition of the block in it
+        const std::vector<ReportLine> report = drafta::test::reportOn(apply(name));
+        EXPECT_TRUE(linesOf(report, "fault").empty()) << name;
+        expectSettings(report);
+    }
+}
+
+TEST_F(SettingsInDrawingsTest, blocksOfTheProduct_canBeInsertedIntoItsTemplate) {
+    const auto drawing = platform().host.drawings->ofDocument(platform().host.documents->currentDocument());
+    std::size_t count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(RYV_PRODUCT "/support")) {
+        BlockInsertion insertion;
+        insertion.block = nameFromBytes(entry.path().stem().string());
+        insertion.file = host.platform().os.paths->fromNative(entry.path().string());
+        insertion.position = {static_cast<double>(++count) * 100, 0, 0};
+        const DrawingResult result = drawing->insertBlock(insertion);
+        EXPECT_TRUE(result.ok()) << toUtf8(result.problem);
+        EXPECT_TRUE(insertion.block == settingsBlockName || drawing->hasAttribute(u"WIREFMT"));
+    }
+    host.runLine(u"saveas " + nameFromBytes(folder.native("all.dwg")));
+    const std::vector<ReportLine> report = drafta::test::reportOn(folder.native("all.dwg"));
     EXPECT_TRUE(linesOf(report, "fault").empty());
-    expectSettings(report, {});
+    EXPECT_EQ(linesOf(report, "insert").size(), 17u);
 }
 
 TEST_F(SettingsInDrawingsTest, laddersFollowTheWireFormat_andNothingElseDoes) {
@@ -97,7 +116,7 @@ TEST_F(SettingsInDrawingsTest, laddersFollowTheWireFormat_andNothingElseDoes) {
     settings.setValue(RyvCfgDrawingSettings::getIndexForKQ_MTag(u"WIREFMT"), &format);
     const std::vector<ReportLine> report = drafta::test::reportOn(apply("ladder.dwg"));
     EXPECT_TRUE(linesOf(report, "fault").empty());
-    expectSettings(report, {});
+    expectSettings(report);
     std::vector<std::string> formats;
     std::string block;
     for (const ReportLine& line : report) {
@@ -119,8 +138,9 @@ TEST_F(SettingsInDrawingsTest, missingAttributes_areAddedBelowTheLowest) {
     EXPECT_FALSE(values.contains("SHEET"));
     EXPECT_TRUE(values.at("WIRELAYS").starts_with("WIRES,PWR")) << "layers are merged";
     for (const ReportLine& line : linesOf(report, "attrib"))
-        if (line[1] == "WNUM_GAP")
+        if (line[1] == "WNUM_GAP") {
             EXPECT_EQ(line[4], "-201.5");
+        }
 }
 
 TEST_F(SettingsInDrawingsTest, drawingOpenInADocument_keepsBothChanges) {
@@ -133,7 +153,7 @@ TEST_F(SettingsInDrawingsTest, drawingOpenInADocument_keepsBothChanges) {
     ASSERT_TRUE(applySettingsToDrawing(accessor, settings, false) && drawing->save().ok());
     host.runLine(u"qsave");
     const std::vector<ReportLine> report = drafta::test::reportOn(folder.native("open.dwg"));
-    expectSettings(report, {});
+    expectSettings(report);
     EXPECT_EQ(attributesOf(report, "TITLE_A").at("SHEET"), "by hand");
 }
 

@@ -47,8 +47,8 @@ def expected_title(project, descriptions, settings, count):
     title["TITLE1"], title["TITLE2"] = (descriptions + ["", ""])[:2]
     title["DWGNO"], title["SHEET"], title["SHEETS"] = settings["SHEETDWGNAME"], settings["SHEET"], str(count)
     title["INST"], title["LOC"] = "=" + settings["IEC_INST"], "+" + settings["IEC_LOC"]
-    title["CUSTOMER"], title["JOB"] = project[1], project[3]
-    title["PLANT"] = project[2].split(",")[0]
+    title["CUSTOMER"], title["JOB"] = project[1], "24-0117"
+    title["PLANT"] = "Waste water pump station Nord"
     return title
 
 

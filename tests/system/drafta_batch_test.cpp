@@ -83,6 +83,21 @@ std::vector<std::string> scripts() {
 INSTANTIATE_TEST_SUITE_P(Scripts, DraftaBatchTest, ::testing::ValuesIn(scripts()),
     [](const auto& script) { return script.param; });
 
+TEST(DraftaBatchFilesTest, titleBlocksThatAreUpToDate_leaveAllFilesAlone) {
+    const BatchRun batch;
+    ASSERT_EQ(batch.run("untouched").exitCode, 0);
+    std::size_t files = 0;
+    for (const auto& entry : fs::recursive_directory_iterator(DRAFTA_SAMPLE)) {
+        if (!entry.is_regular_file())
+            continue;
+        const fs::path name = fs::relative(entry.path(), DRAFTA_SAMPLE);
+        EXPECT_EQ(contentOf(fs::path(batch.folder.native("pump-station")) / name), contentOf(entry.path()))
+            << name;
+        ++files;
+    }
+    EXPECT_EQ(files, 16u);
+}
+
 TEST(DraftaReadersTest, titleBlocksAndSettings_asEzdxfReadsThem_areThoseOfTheProject) {
     const BatchRun batch;
     ASSERT_EQ(batch.run("drawings").exitCode, 0);

@@ -44,17 +44,17 @@ TEST(DraftaPackageTest, package_loading_printsNothing) {
 
 TEST(DraftaPackageTest, functions_thatAreCalledFromOutside_areInvocable) {
     Package package;
-    for (const char16_t* const name :
-        {u"ryv_get_var", u"c:kq_getenv", u"c:kq_msg", u"veval-str+", u"c:kq_get_recent_prj_lst",
-            u"c:ryv_proj_new", u"c:ryv_proj_recent", u"c:ryv_kqp_reread", u"c:ryv_update_dwg_lst",
-            u"c:ryv_proj_multiple_remove", u"c:ryv_sort_dlst", u"c:ryv_proj_edit_proj_description_lines",
-            u"c:ryv_proj_dwg_secsub_properties", u"c:kq_proj_properties_display", u"c:kq_help_proj_settings",
-            u"c:ryv_proj_symbol_lib_dlg", u"c:kq_reread_dwg_params", u"c:ryv_tb_nodlg", u"c:kq_upd_ldr_ref",
-            u"c:ryv_ladr_update_sheet", u"c:ryv_check_linkterm", u"c:ryv_term_linkterm_update_main",
-            u"kq_1_luk4_replaceable_substitution", u"c:kq_xref_setup_graphical", u"c:kq_xref_setup_table",
-            u"c:kq_xref_setup_text", u"c:ryv_cfg_component_suffix_dlg", u"c:ryv_cfg_wirenum_suffix_dlg",
-            u"ryv_rename_wire_properties", u"kq_fio_does_block_exist_disk", u"kq_fio_block_path_failed_msg",
-            u"c:kq_get_locs_on_dwg", u"c:kq_get_locs_for_proj"})
+    for (const char16_t* const name : {u"ryv_get_var", u"c:kq_getenv", u"c:kq_msg", u"veval-str+",
+             u"c:kq_get_recent_prj_lst", u"ryv_proj_closed", u"c:ryv_proj_new", u"c:ryv_proj_recent",
+             u"c:ryv_kqp_reread", u"c:ryv_update_dwg_lst", u"c:ryv_proj_multiple_remove", u"c:ryv_sort_dlst",
+             u"c:ryv_proj_edit_proj_description_lines", u"c:ryv_proj_dwg_secsub_properties",
+             u"c:kq_proj_properties_display", u"c:kq_help_proj_settings", u"c:ryv_proj_symbol_lib_dlg",
+             u"c:kq_reread_dwg_params", u"c:ryv_tb_nodlg", u"c:kq_upd_ldr_ref", u"c:ryv_ladr_update_sheet",
+             u"c:ryv_check_linkterm", u"c:ryv_term_linkterm_update_main",
+             u"kq_1_luk4_replaceable_substitution", u"c:kq_xref_setup_graphical", u"c:kq_xref_setup_table",
+             u"c:kq_xref_setup_text", u"c:ryv_cfg_component_suffix_dlg", u"c:ryv_cfg_wirenum_suffix_dlg",
+             u"ryv_rename_wire_properties", u"kq_fio_does_block_exist_disk", u"kq_fio_block_path_failed_msg",
+             u"c:kq_get_locs_on_dwg", u"c:kq_get_locs_for_proj"})
         EXPECT_TRUE(package.isInvocable(name)) << toUtf8(name) << ": " << package.printed;
 }
 
@@ -89,7 +89,7 @@ TEST(DraftaPackageTest, recentProjects_asTheProjectManagerReadsThem_keepPathsAnd
     const RecentProjects projects = recentProjectsIn(answer);
     EXPECT_EQ(projects.paths, (CStringArray{package.profile.module(u"a.kqp"),
                                   package.profile.module(u"c.kqp"), package.profile.module(u"b.kqp")}));
-    EXPECT_EQ(projects.flags, (CStringArray{u"2", u"0", u"0"}));
+    EXPECT_EQ(projects.flags, (CStringArray{u"2", u"1", u"1"}));
 }
 
 TEST(DraftaPackageTest, functions_thatCommandStringsName_takeTheirArguments) {

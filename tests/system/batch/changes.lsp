@@ -25,9 +25,16 @@
 (setq GBL_SELECTED_DWGS (list (path-full "pump-station/01 Cover Sheet.dwg")))
 (tell "section" (c:ryv_proj_dwg_secsub_properties 1 "S" "T"))
 (tell "section of a drawing from elsewhere" (c:ryv_proj_dwg_secsub_properties 1 "S" "T"))
+(setq GBL_SELECTED_DWGS (list (path-full "pump-station/01 Cover Sheet.dwg")))
+(tell "sections that begin with =" (c:ryv_proj_dwg_secsub_properties 1 "S" "T"))
 
 (show (c:ryv_proj_edit_proj_description_lines 1 nil nil))
 (show (ryp-part (project-read path) "descriptions"))
 (show (c:ryv_proj_edit_proj_description_lines nil "New" '("a" "b")))
 (show (c:ryv_proj_edit_proj_description_lines nil "New" '("a" "b")))
+(defun descriptions ()
+  (show (c:ryv_proj_edit_proj_description_lines 1 nil nil))
+  (show (ryp-part (project-read path) "descriptions")))
+(descriptions) ; cancelled
+(descriptions) ; all cleared
 (show (length (ryp-part (project-read path) "settings")))

@@ -24,16 +24,25 @@
 
 (show (kq_cfg_add_lay 0 '("wires" "NEUTRAL" " ")))
 (show (kq_cfg_add_lay 1 '("TAGS" "DESC")))
-(show (kq_cfg_setup_wlay_doit '(2 ("GROUND" "green" "1.5") ("NEUTRAL"))))
+(show (kq_cfg_setup_wlay_doit '(2 ("GROUND" "green" "1.5") nil ("" "red") ("NEUTRAL"))))
 (show (kq_cfg_setup_wlay))
 (show (setting "WIRELAYS" nil))
 
+;; Ladders follow the sheet; a wire format of their own stays.
+(defun ladder (sheet wire-format)
+  (ryp-with-current-drawing
+    '(lambda (drawing)
+       (or (ryp-find-block drawing "KQ_MLRH6")
+           (dwg-insert drawing "KQ_MLRH6" (findfile "KQ_MLRH6.dwg") '(0 0) 1 0))
+       (if sheet (progn (dwg-set drawing "SHEET" sheet) (dwg-set drawing "WIREFMT" wire-format)))
+       (list (dwg-get drawing "SHEET") (dwg-get drawing "WIREFMT")))))
 (setting "WIREFMT" "%N")
-(show (c:kq_upd_ldr_ref))
+(foreach wire-format '("%X" "")
+  (ladder "old" wire-format)
+  (show (list (c:kq_upd_ldr_ref) (ladder nil nil))))
 (show (c:kq_upd_ldr_ref))
 (show (c:ryv_ladr_update_sheet "11" "12" T))
-(show (ryp-with-current-drawing
-  '(lambda (drawing) (ryp-find-block drawing "KQ_MLRH") (dwg-get drawing "WIREFMT"))))
+(show (ladder nil nil))
 (show (list (c:kq_9_do_qsave) GBL_QSave_accept (getvar "DBMOD")))
 
 ;; Linked terminals: the last path is the database's.

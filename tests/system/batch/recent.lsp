@@ -26,6 +26,27 @@
 (show (path-name (c:ryv_proj_recent)))
 (show (c:ryv_proj_recent))
 
+;; What was closed, or is gone, is not open; one that is not there is not taken.
+(show (ryv_makeproj_active "none.kqp"))
+(show (path-name (ryp-active-project)))
+(defun states ()
+  (show (mapcar '(lambda (path state) (strcat state " " (path-name path)))
+    (car (c:kq_get_recent_prj_lst)) (nth 4 (c:kq_get_recent_prj_lst)))))
+(foreach name '("a.kqp" "b.kqp" "c.kqp")
+  (close (open name "w"))
+  (ryv_makeproj_active name))
+(ryv_proj_closed "B.KQP")
+(vl-file-delete "a.kqp")
+(states)
+(show (list (ryv_proj_closed "c.kqp") (ryp-active-project)))
+(states)
+(repeat 30
+  (setq name (strcat "p" (itoa (setq number (1+ (cond (number) (0))))) ".kqp"))
+  (close (open name "w"))
+  (ryv_makeproj_active name))
+(show (list (length (car (c:kq_get_recent_prj_lst))) (path-name (last (car (c:kq_get_recent_prj_lst))))))
+(ryv_makeproj_active "ZWEITES gebäude.kqp")
+
 ;; A re-read within a re-read does nothing, and the next one works.
 (setq reads 0)
 (setq read-before project-read)
@@ -42,4 +63,12 @@
 
 (show (path-name (c:ryv_proj_new 0)))
 (show (c:ryv_proj_new 0))
+(show (c:ryv_proj_new 0))
 (show (ryp-part (project-read "made.kqp") "lines"))
+
+;; A document's own value counts there, and the shared one elsewhere, until the document shares one anew.
+(setq GBL_kq_combined_tagloc_prefix "0")
+(tag-format)
+(send-string "(princ (strcat \"elsewhere \" (itoa (ryv_get_var \"GBL_kq_combined_tagloc_prefix\")) \"\n\"))\n")
+(c:ryv_kqp_reread)
+(tag-format)

@@ -3,7 +3,13 @@
   (prin1 value)
   (terpri))
 
-(show (c:ryv_prnt_proj nil nil))
+;; A command that fails uses the selection up as well.
+(foreach call
+    '((c:ryv_prnt_proj nil nil) (c:kq_tb) (c:kq_dwglst_proj) (c:kq_zip_do_kqzip 0)
+      (c:ryv_proj_dwg_secsub_properties 1 "S" "T"))
+  (setq GBL_SELECTED_DWGS (list (path-full "pump-station/Power/10 Main Supply.dwg")))
+  (show (list (car call) (eval call) GBL_SELECTED_DWGS)))
+(show (RYMtUpdateComponent))
 (ryv_makeproj_active "pump-station/Pump Station.kqp")
 (project-write (ryp-active-project) '("lines" "01 Cover Sheet.dwg" "Power\\10 Main Supply.dwg"))
 (setq GBL_SELECTED_DWGS (list (path-full "pump-station/Power/10 Main Supply.dwg")))
@@ -16,7 +22,7 @@
 (show (RYMtUpdateComponent))
 (show (c:ryv_term_linkterm_update_main (list (path-full "pump-station/a.dwg"))))
 (show (c:kq_proj_properties_display))
-(setq GBL_kq_BaseLibs "D:\\Libs")
+(setq GBL_kq_BaseLibs (path-full "libs"))
 (show (c:ryv_proj_symbol_lib_dlg 1 (ryp-active-project)))
 (show (c:kq_help_proj_settings))
 (show (kq_fio_block_path_failed_msg "KQ_X"))

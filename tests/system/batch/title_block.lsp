@@ -14,7 +14,8 @@
 (foreach template
     '("{project 1}/{project 2 until ,}" "{project 2 after ,}" "{description 1}{description 2}" "{description x}"
       "={installation}" "=+{location}" "{sheet} of {sheets}" "{section}.{sub-section}" "{file} {subfolder}"
-      "{setting wirefmt}" "{unknown}" "plain" "{sheet" "}{sheet}" "")
+      "{setting wirefmt}" "{setting none}" "No {project 3}{section}" "No {project 3 after x}"
+      "{unknown}" "plain" "{sheet" "}{sheet}" "")
   (prin1 (list template (ryp-fill-template template source)))
   (terpri))
 
@@ -30,6 +31,30 @@
     '("Power/10 Main Supply.dwg" "01 cover sheet.dwg" "Control/20 Pump 1 Control.dwg" "x.dwg")))
 (show (c:kq_tb))
 (show GBL_SELECTED_DWGS)
+
+;; One from elsewhere is not up to date. What a template says nothing about keeps its text.
+(defun title (text)
+  (ryp-with-drawing (path-full "pump-station/01 Cover Sheet.dwg")
+    '(lambda (drawing)
+       (ryp-find-block drawing "TITLE_A")
+       (if text
+         (progn (foreach tag '("TITLE1" "TITLE2" "JOB" "REV") (dwg-set drawing tag text)) (dwg-save drawing)))
+       (mapcar '(lambda (tag) (dwg-get drawing tag)) '("TITLE1" "TITLE2" "JOB" "REV")))))
+(title "by hand")
+(setq stream (open "pump-station/Pump Station.kqt" "w"))
+(foreach line
+    '("[TITLE_A]" "TITLE1=No {setting IEC_INST}" "TITLE2={description 9}" "JOB={project 6}"
+      "REV={project 9 until ,}")
+  (write-line line stream))
+(close stream)
+(ryp-with-drawing (path-full "pump-station/01 Cover Sheet.dwg")
+  '(lambda (drawing) (ryp-find-block drawing "KQ_M") (dwg-set drawing "IEC_INST" "") (dwg-save drawing)))
+(setq GBL_SELECTED_DWGS (list (path-full "pump-station/01 Cover Sheet.dwg") (path-full "x.dwg")))
+(show (c:kq_tb))
+(show (title nil))
+(setq stream (open "pump-station/Pump Station.kqt" "w"))
+(write-line "[TITLE_A]\nTITLE1=No {sheet}" stream)
+(close stream)
 
 ;; The current document: not in the project, then in it. Nothing is saved by itself.
 (show (c:ryv_tb_nodlg))

@@ -17,7 +17,9 @@
 (show (mapcar 'c:kq_getenv '("kq_menu" "KQ_PROJ" "RYP_TEST" "NO_SUCH_NAME")))
 (show (path-name (c:kq_getenv "KQ_LIB")))
 (show (mapcar 'ryv_get_var
-  '("GBL_kq_combined_tagloc_prefix" "GBL_QSave_accept" "NO_SUCH_NAME" "(quit)" "" "\"" "12")))
+  '("GBL_kq_combined_tagloc_prefix" "GBL_QSave_accept" "NO_SUCH_NAME" "name" "symbol" "(quit)" "" "\"" "12")))
+(setq GBL_kq_combined_tagloc_prefix "0")
+(show (ryv_get_var "GBL_kq_combined_tagloc_prefix"))
 (show (= GBL_kq_usr (strcat (ryp-slashes (profile-folder)) "/")))
 
 (setq GBL_kq_BaseLibs "D:\\Libs" GBL_KQ_DOCSETBASE "")
