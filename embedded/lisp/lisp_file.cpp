@@ -77,8 +77,18 @@ std::optional<ryv::CString> LispFile::readLine() {
     return line;
 }
 
+/// An old file that is appended to keeps its encoding, and what that lacks is refused, not replaced.
+bool LispFile::canHold(ryv::CStringView text) const {
+    if (encoding_ != ryv::TextEncoding::windows1252)
+        return true;
+    std::string bytes;
+    ryv::CodecReport report;
+    ryv::encode(text, encoding_, bytes, &report);
+    return report.problems == 0;
+}
+
 bool LispFile::write(ryv::CStringView text) {
-    if (!isWritable())
+    if (!isWritable() || !canHold(text))
         return false;
     text_ += text;
     return text_.size() < flushAt || flush();

@@ -29,7 +29,7 @@ public:
     /// The next unit or line without its end; nothing at the end of the file.
     std::optional<char16_t> readUnit();
     std::optional<ryv::CString> readLine();
-    /// False when the file is not open for writing, or writing failed.
+    /// False when the file is not open for writing, its encoding lacks a character, or writing failed.
     bool write(ryv::CStringView text);
     /// False when something written is lost.
     bool close();
@@ -43,6 +43,7 @@ private:
     LispFile(Services& services, ryv::CStringView path) : name_(path), file_(services.files()) {}
     bool startAppending(Services& services, std::size_t limit);
     bool flush();
+    bool canHold(ryv::CStringView text) const;
 
     ryv::CString name_;
     ryv::OpenFile file_; // for writing only

@@ -29,6 +29,8 @@ Value logarithm(Machine&, Arguments arguments) {
 
 /// An integer when base and exponent are integers and 32 bits hold it.
 Value power(Machine&, Arguments arguments) {
+    if (numberArgument(arguments[0]) == 0 && numberArgument(arguments[1]) < 0)
+        throw LispError(u"divide by zero");
     const double result = std::pow(numberArgument(arguments[0]), numberArgument(arguments[1]));
     const bool whole = arguments[0].isInteger() && arguments[1].isInteger() && arguments[1].asInteger() >= 0;
     if (whole && result >= -2147483648.0 && result <= 2147483647.0)

@@ -297,6 +297,16 @@ TEST_F(HostTest, zipWrite_refusesItselfAndNothing) {
     EXPECT_EQ(folder.read("a.txt"), "a");
 }
 
+TEST_F(HostTest, appendingToAnOldFile_refusesWhatItsEncodingLacks) {
+    folder.write("old.txt", "\xC4\n");
+    line("(setq f (open \"" + folder.native("old.txt") + "\" \"a\"))");
+    EXPECT_EQ(line("(write-line (chr 26085) f)").find("\""), std::string::npos)
+        << "an error and no value: " << printed;
+    line("(write-line (chr 214) f)");
+    line("(close f)");
+    EXPECT_EQ(folder.read("old.txt"), "\xC4\n\xD6\n");
+}
+
 TEST_F(HostTest, closingInsideTheNoticeOfAnEnd_isRefused) {
     class Closer final : public ryv::DocumentObserver {
     public:
