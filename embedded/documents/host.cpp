@@ -170,6 +170,7 @@ std::size_t Host::lispErrors() {
 
 void Host::quit() {
     commandLine_.runCommand({u"_.QUIT"});
+    commandLine_.runUntilIdle(); // takes note of an interrupt, which must not meet the next line
 }
 
 void Host::runLine(ryv::CStringView line) {
