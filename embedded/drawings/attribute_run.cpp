@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace drafta {
 
@@ -49,14 +50,64 @@ const DxfPair* textPlace(const DxfRecord& record) {
     return nullptr;
 }
 
-/// The displacement of one coordinate of the insertion (10, 20, 30) or the alignment point (11, 21, 31).
-double coordinateOf(DrawingPoint point, int code) noexcept {
-    return code < 20 ? point.x : code < 30 ? point.y : point.z;
+DrawingPoint sum(DrawingPoint a, DrawingPoint b) noexcept {
+    return {a.x + b.x, a.y + b.y, a.z + b.z};
 }
 
-bool isCoordinate(int code) noexcept {
-    return code == 10 || code == 20 || code == 30 || code == 11 || code == 21 || code == 31;
+/// By how many bytes replacements make a text longer; modulo the range of the type when it gets shorter.
+std::size_t growthOf(const std::vector<DxfSplice>& splices) noexcept {
+    std::size_t growth = 0;
+    for (const DxfSplice& splice : splices)
+        growth += splice.text.size() - splice.removed;
+    return growth;
 }
+
+/// An attribute that looks like another one. A point is written whole where the first of its coordinates, or
+/// the height behind it, stands.
+class AttributeCopy {
+public:
+    AttributeCopy(const DxfRecord& model, DrawingPoint moved, std::string_view tag, std::string_view value,
+        DxfWriter writer)
+        : model_(model), moved_(moved), tag_(tag), value_(value), writer_(std::move(writer)) {}
+
+    const DxfWriter& write(const std::vector<DxfPair>& pairs, std::uint64_t handle) {
+        for (const DxfPair& pair : pairs)
+            if (pair.code != dxf::handle)
+                writePair(pair);
+            else if (handle != 0)
+                writer_.handle(dxf::handle, handle);
+        return writer_;
+    }
+
+private:
+    void writePair(const DxfPair& pair) {
+        isAttributePart_ =
+            isAttributePart_ || (pair.code == dxf::subclass && trimmed(pair.value).ends_with("Attribute"));
+        if (isPointCode(pair.code, 10) || pair.code == 40)
+            writePointOnce(10, hasPlace_);
+        if (isPointCode(pair.code, 11))
+            writePointOnce(11, hasAlignment_);
+        if (isPointCode(pair.code, 10) || isPointCode(pair.code, 11))
+            return;
+        if (pair.code == 2 && !hasValue_)
+            writer_.pair(1, value_);
+        hasValue_ = hasValue_ || pair.code == 1 || pair.code == 2;
+        if (pair.code == 71 && isAttributePart_)
+            writer_.integer(71, 1); // an attribute with several lines has a single one here
+        else
+            writer_.pair(pair.code, pair.code == 1 ? value_ : pair.code == 2 ? tag_ : pair.value);
+    }
+    void writePointOnce(int code, bool& isWritten) {
+        if (!std::exchange(isWritten, true))
+            writePoint(writer_, model_, code, sum(pointOf(model_, code), moved_));
+    }
+
+    const DxfRecord& model_;
+    DrawingPoint moved_;
+    std::string_view tag_, value_;
+    DxfWriter writer_;
+    bool hasValue_ = false, isAttributePart_ = false, hasPlace_ = false, hasAlignment_ = false;
+};
 
 /// What a list of attributes says of one, taken from its pairs as they come; of several pairs with a code the
 /// first counts.
@@ -144,43 +195,48 @@ std::vector<ryv::DrawingAttribute> listAttributes(const DrawingContent& content,
 AttributeRun::AttributeRun(DrawingContent& content, ReferenceId reference)
     : content_(&content), reference_(reference), revision_(content.revision()) {
     const DxfReference& where = content.index().references[reference];
-    insert_ = content.record(where.begin);
-    for (std::size_t at = where.begin + where.recordLength; at < where.begin + where.length;) {
-        DxfRecord record = content.record(at);
-        at = record.end();
-        if (record.kind() == "SEQEND")
-            sequenceEnd_ = record.begin();
-        else if (record.kind() == "ATTRIB")
-            attributes_.push_back({std::move(record), {}});
-        else if (!attributes_.empty())
-            attributes_.back().lines = std::move(record);
+    for (std::size_t at = where.recordLength; at < where.length;) {
+        const DxfRecord record = recordAt(at);
+        const std::size_t end = record.end() - where.begin;
+        if (record.kind() == "SEQEND") {
+            sequenceEnd_ = at;
+        } else if (record.kind() == "ATTRIB") {
+            attributes_.push_back(
+                {at, nowhere, end, ryv::toUpper(content.text().decode(trimmed(record.text(2))))});
+        } else if (!attributes_.empty()) {
+            attributes_.back().lines = at;
+            attributes_.back().end = end;
+        }
+        at = end;
     }
 }
 
-const AttributeRun::Attribute* AttributeRun::find(CStringView tag) const {
-    if (upperTags_.empty())
-        for (const Attribute& attribute : attributes_)
-            upperTags_.push_back(ryv::toUpper(content_->text().decode(trimmed(attribute.record.text(2)))));
+/// Nowhere when there is no attribute with this tag.
+std::size_t AttributeRun::find(CStringView tag) const {
     const CString upper = ryv::toUpper(tag);
-    for (std::size_t i = 0; i < attributes_.size(); ++i)
-        if (ryv::sameText(upperTags_[i], upper))
-            return &attributes_[i];
-    return nullptr;
+    const auto found = std::find_if(attributes_.begin(), attributes_.end(),
+        [&](const Attribute& attribute) { return ryv::sameText(attribute.upperTag, upper); });
+    return found == attributes_.end() ? nowhere : static_cast<std::size_t>(found - attributes_.begin());
+}
+
+DxfRecord AttributeRun::recordAt(std::size_t distance) const {
+    return content_->record(content_->index().references[reference_].begin + distance);
 }
 
 bool AttributeRun::read(CStringView tag, CString& value) const {
-    const Attribute* const attribute = find(tag);
-    if (attribute)
-        value = content_->text().decode(attribute->record.text(1));
-    return attribute != nullptr;
+    const std::size_t found = find(tag);
+    if (found != nowhere)
+        value = content_->text().decode(recordAt(attributes_[found].begin).text(1));
+    return found != nowhere;
 }
 
 bool AttributeRun::write(CStringView tag, CStringView value) {
-    const Attribute* const attribute = find(tag);
+    const std::size_t found = find(tag);
     std::string bytes;
-    if (!attribute || !content_->text().encode(value, bytes))
+    if (found == nowhere || !content_->text().encode(value, bytes))
         return false;
-    const DxfRecord& record = attribute->record;
+    Attribute& attribute = attributes_[found];
+    const DxfRecord record = recordAt(attribute.begin);
     const DxfPair* const text = record.find(1);
     const DxfPair* const place = text ? text : textPlace(record);
     if (!place)
@@ -193,9 +249,28 @@ bool AttributeRun::write(CStringView tag, CStringView value) {
     else
         splices.push_back({place->end, 0, content_->writer().pair(1, bytes).text()});
     replaceLines(record, record.embeddedBegin(), record.embeddedEnd(), bytes, splices);
-    replaceLines(attribute->lines, 0, attribute->lines.ownCount(), bytes, splices);
+    if (attribute.lines != nowhere) {
+        const DxfRecord lines = recordAt(attribute.lines);
+        attribute.lines += growthOf(splices);
+        replaceLines(lines, 0, lines.ownCount(), bytes, splices);
+    }
+    const std::size_t growth = growthOf(splices);
     content_->applyTo(reference_, std::move(splices), 0);
+    attribute.end += growth;
+    applied(found + 1, growth);
     return true;
+}
+
+/// Follows an own edit: the attributes from `first` on have moved.
+void AttributeRun::applied(std::size_t first, std::size_t growth) {
+    for (std::size_t i = first; i < attributes_.size(); ++i) {
+        Attribute& attribute = attributes_[i];
+        attribute.begin += growth;
+        attribute.lines += attribute.lines == nowhere ? 0 : growth;
+        attribute.end += growth;
+    }
+    sequenceEnd_ += growth;
+    revision_ = content_->revision();
 }
 
 bool AttributeRun::canAdd(CStringView after, CStringView tag) const {
@@ -207,79 +282,69 @@ bool AttributeRun::canAdd(CStringView after, CStringView tag) const {
 }
 
 bool AttributeRun::add(CStringView after, CStringView tag, CStringView value, DrawingPoint displacement) {
-    std::string tagBytes, valueBytes;
-    if (!canAdd(after, tag) || !content_->text().encode(tag, tagBytes) ||
-        !content_->text().encode(value, valueBytes))
+    NewAttribute added{ryv::toUpper(tag), {}, {}};
+    if (!canAdd(after, tag) || !content_->text().encode(tag, added.tag) ||
+        !content_->text().encode(value, added.value))
         return false;
-    if (after.empty())
-        return addFirst(tagBytes, valueBytes);
-    return isFinite(displacement) && addBehind(*find(after), tagBytes, valueBytes, displacement);
+    return after.empty() ? addFirst(added) : addBehind(find(after), added, displacement);
 }
 
-bool AttributeRun::addBehind(
-    const Attribute& model, const std::string& tag, const std::string& value, DrawingPoint displacement) {
-    const DxfRecord& record = model.record;
+bool AttributeRun::addBehind(std::size_t model, const NewAttribute& added, DrawingPoint displacement) {
+    const DxfRecord record = recordAt(attributes_[model].begin);
     const std::vector<DxfPair> pairs = ownPairs(record);
-    const DrawingPoint moved = ObjectAxes(record).fromSpace(displacement);
     // A damaged record may have its tag where a copy leaves off.
     const bool hasTag =
         std::any_of(pairs.begin(), pairs.end(), [](const DxfPair& pair) { return pair.code == 2; });
+    HandleReservation reservation(*content_);
     const std::optional<std::uint64_t> handle = hasTag ? content_->takeHandles(1) : std::nullopt;
     if (!handle)
         return false;
-    DxfWriter writer = content_->writer();
-    bool hasValue = false, isAttributePart = false;
-    for (const DxfPair& pair : pairs) {
-        const double change = isCoordinate(pair.code) ? coordinateOf(moved, pair.code) : 0;
-        isAttributePart =
-            isAttributePart || (pair.code == dxf::subclass && trimmed(pair.value).ends_with("Attribute"));
-        if (pair.code == dxf::handle)
-            writer.handle(dxf::handle, *handle);
-        else if (pair.code == 2)
-            (hasValue ? writer : writer.pair(1, value)).pair(2, tag);
-        else if (pair.code == 1)
-            writer.pair(1, value);
-        else if (pair.code == 71 && isAttributePart)
-            writer.integer(71, 1); // an attribute with several lines has a single one here
-        else if (const auto old = parseReal(pair.value); change != 0 && old)
-            writer.real(pair.code, *old + change);
-        else
-            writer.pair(pair.code, pair.value);
-        hasValue = hasValue || pair.code == 1;
-    }
-    content_->applyTo(reference_, {{model.end(), 0, writer.text()}}, 0);
+    AttributeCopy copy(
+        record, ObjectAxes(record).fromSpace(displacement), added.tag, added.value, content_->writer());
+    const DxfWriter& writer = copy.write(pairs, *handle);
+    if (!writer.isFinite())
+        return false;
+    reservation.keep();
+    const std::size_t begin = attributes_[model].end, size = writer.size();
+    content_->applyTo(
+        reference_, {{content_->index().references[reference_].begin + begin, 0, writer.text()}}, 0);
+    attributes_.insert(attributes_.begin() + static_cast<std::ptrdiff_t>(model) + 1,
+        {begin, nowhere, begin + size, added.upperTag});
+    applied(model + 2, size);
     return true;
 }
 
-bool AttributeRun::addFirst(const std::string& tag, const std::string& value) {
-    const bool hasSequence = sequenceEnd_ != nowhere;
-    const DxfPair* const name = insert_.find(2);
-    const std::optional<std::uint64_t> handle = content_->takeHandles(2);
-    const std::optional<RecordHead> head = RecordHead::of(*content_, insert_);
-    if (!name || !handle || !head)
+bool AttributeRun::addFirst(const NewAttribute& added) {
+    const DxfRecord insert = recordAt(0);
+    const DxfPair* const name = insert.find(2);
+    const std::optional<RecordHead> head = RecordHead::of(*content_, insert);
+    const std::optional<std::uint64_t> handle =
+        name && head ? content_->takeHandles(sequenceEnd_ == nowhere ? 2 : 1) : std::nullopt;
+    if (!handle)
         return false;
     RecordHead own = *head;
-    own.owner = std::string(trimmed(insert_.text(dxf::handle)));
-    const DrawingPoint at = pointOf(insert_, 10);
+    own.owner = std::string(trimmed(insert.text(dxf::handle)));
+    const DrawingPoint at = pointOf(insert, 10);
     DxfWriter writer = content_->writer();
     own.write(writer, "ATTRIB", *handle);
     own.writeMark(writer, "Text");
     writer.real(10, at.x).real(20, at.y).real(30, at.z);
-    writer.real(40, parseReal(content_->variable("$TEXTSIZE")).value_or(usualHeight)).pair(1, value);
+    writer.real(40, parseReal(content_->variable("$TEXTSIZE")).value_or(usualHeight)).pair(1, added.value);
     for (const int code : {210, 220, 230})
-        if (const DxfPair* const pair = insert_.find(code))
+        if (const DxfPair* const pair = insert.find(code))
             writer.pair(code, pair->value);
     own.writeMark(writer, "Attribute");
-    writer.pair(2, tag).integer(70, 1);
-    if (hasSequence) {
-        content_->applyTo(reference_, {{sequenceEnd_, 0, writer.text()}}, 0);
+    writer.pair(2, added.tag).integer(70, 1);
+    const std::size_t begin = content_->index().references[reference_].begin;
+    if (sequenceEnd_ != nowhere) {
+        content_->applyTo(reference_, {{begin + sequenceEnd_, 0, writer.text()}}, 0);
         return true;
     }
     own.write(writer, "SEQEND", *handle + (*handle == 0 ? 0 : 1));
-    const DxfPair* const follow = insert_.find(66);
+    const DxfPair* const follow = insert.find(66);
     const DxfSplice flag = follow ? DxfSplice{follow->valueBegin, follow->value.size(), "1"}
                                   : DxfSplice{name->begin, 0, content_->writer().integer(66, 1).text()};
-    content_->applyTo(reference_, {flag, {insert_.end(), 0, writer.text()}}, 1);
+    content_->applyTo(reference_, {flag, {insert.end(), 0, writer.text()}}, 1);
     return true;
 }
 

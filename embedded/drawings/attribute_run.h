@@ -10,16 +10,17 @@ namespace drafta {
 /// All attributes of a reference in their order: one pass over their bytes, cheaper than an AttributeRun.
 std::vector<ryv::DrawingAttribute> listAttributes(const DrawingContent& content, ReferenceId reference);
 
-/// The attributes of a reference as they are when this is made; good until the drawing is changed.
+/// The attributes of a reference as they are when this is made; good until the drawing is changed in another
+/// way than through this.
 class AttributeRun {
 public:
     AttributeRun(DrawingContent& content, ReferenceId reference);
 
-    /// False once the drawing was changed, by this or in another way.
+    /// False once the drawing was changed in another way, or a first attribute was added by this.
     bool isCurrent() const noexcept { return revision_ == content_->revision(); }
     ReferenceId reference() const noexcept { return reference_; }
 
-    bool has(ryv::CStringView tag) const { return find(tag) != nullptr; }
+    bool has(ryv::CStringView tag) const { return find(tag) != nowhere; }
     bool read(ryv::CStringView tag, ryv::CString& value) const;
 
     /// DrawingDatabase::writeAttribute and addAttribute say what these do. An attribute with several lines
@@ -29,27 +30,32 @@ public:
         ryv::CStringView after, ryv::CStringView tag, ryv::CStringView value, ryv::DrawingPoint displacement);
 
 private:
-    /// An ATTRIB record, and the MTEXT record behind it that holds its lines in some releases.
+    /// An ATTRIB record, and the MTEXT record behind it that holds its lines in some releases. Places are
+    /// distances from the begin of the reference.
     struct Attribute {
-        DxfRecord record;
-        DxfRecord lines;
-
-        std::size_t end() const noexcept { return lines.pairs().empty() ? record.end() : lines.end(); }
+        std::size_t begin;
+        std::size_t lines; // nowhere: there is none
+        std::size_t end;
+        ryv::CString upperTag;
+    };
+    /// What an attribute is added with.
+    struct NewAttribute {
+        ryv::CString upperTag;
+        std::string tag, value;
     };
 
-    const Attribute* find(ryv::CStringView tag) const;
+    std::size_t find(ryv::CStringView tag) const;
+    DxfRecord recordAt(std::size_t distance) const;
     bool canAdd(ryv::CStringView after, ryv::CStringView tag) const;
-    bool addBehind(const Attribute& model, const std::string& tag, const std::string& value,
-        ryv::DrawingPoint displacement);
-    bool addFirst(const std::string& tag, const std::string& value);
+    bool addBehind(std::size_t model, const NewAttribute& added, ryv::DrawingPoint displacement);
+    bool addFirst(const NewAttribute& added);
+    void applied(std::size_t first, std::size_t growth);
 
     DrawingContent* content_;
     ReferenceId reference_;
     std::size_t revision_;
-    DxfRecord insert_;
     std::vector<Attribute> attributes_;
-    mutable std::vector<ryv::CString> upperTags_; // made at the first search
-    std::size_t sequenceEnd_ = nowhere;           // of the SEQEND pair
+    std::size_t sequenceEnd_ = nowhere; // of the SEQEND pair, from the begin of the reference
 };
 
 } // namespace drafta

@@ -20,6 +20,10 @@ bool isBuiltIn(CStringView name) {
            ryv::equalNoCase(name, u"CONTINUOUS");
 }
 
+CString tableTitle(std::string_view table) {
+    return table == "LAYER" ? u"layers" : table == "LTYPE" ? u"line types" : u"text styles";
+}
+
 std::string upperKey(CStringView name) {
     return ryv::toUtf8(ryv::toUpper(name));
 }
@@ -37,6 +41,20 @@ std::string plainEntry(const DrawingContent& source, std::string_view table, std
     return writer.text();
 }
 
+/// What has to stand around new text when there is no section for it yet.
+struct SectionFrame {
+    SectionFrame(const DxfWriter& empty, std::string_view name, bool isNeeded) : open(empty), close(empty) {
+        if (!isNeeded)
+            return;
+        open.pair(0, "SECTION").pair(2, name);
+        close.pair(0, "ENDSEC");
+    }
+
+    std::string around(const std::string& text) const { return open.text() + text + close.text(); }
+
+    DxfWriter open, close;
+};
+
 } // namespace
 
 BlockCopier::BlockCopier(const DrawingContent& source, DrawingContent& target)
@@ -46,7 +64,7 @@ CopyFault BlockCopier::copy(CStringView name) {
     std::string bytes;
     if (!target_.text().encode(name, bytes))
         return {u"the name of the block holds control characters"};
-    if (CopyFault fault = prepare())
+    if (CopyFault fault = checkTarget())
         return fault;
     known_.insert(upperKey(name));
     waiting_.push_back(modelSpace(bytes));
@@ -56,11 +74,10 @@ CopyFault BlockCopier::copy(CStringView name) {
         if (CopyFault fault = define(next))
             return fault;
     }
-    finish();
     return {};
 }
 
-CopyFault BlockCopier::prepare() {
+CopyFault BlockCopier::checkTarget() {
     if (target_.index().section("ENTITIES") == nullptr)
         return {u"the drawing has no section for entities"};
     const std::optional<RecordHead> head = RecordHead::forSpace(target_, drafta::modelSpace);
@@ -95,13 +112,15 @@ CopyFault BlockCopier::define(const Definition& definition) {
     const bool isLater = !head_.markPrefix.empty();
     RecordHead head = head_;
     if (isLater) {
-        head.owner = handleText(*first);
+        head.owner = *first == 0 ? std::string() : handleText(*first);
         if (!writeBlockRecord(definition.name, *first))
             return {u"the drawing's table of blocks is empty"};
     }
     const std::uint64_t step = *first == 0 ? 0 : 1;
     RecordConverter converter(source_, target_, head);
-    Made made{definition.name, definitions_.size(), 0, 0};
+    DxfBlock made;
+    made.name = definition.name;
+    made.begin = definitions_.size();
     DxfWriter content = target_.writer();
     if (CopyFault fault = copyContent(definition, converter, content))
         return fault;
@@ -190,21 +209,23 @@ CopyFault BlockCopier::addEntries(
 
 CopyFault BlockCopier::addEntry(RecordConverter& converter, std::string_view table, const std::string& name) {
     const DxfRange* const range = target_.index().table(table);
-    if (!range)
-        return {};
-    const DxfRecord head = target_.record(range->begin);
-    const DxfRecord sample = head.end() < range->end ? target_.record(head.end()) : DxfRecord();
-    if (sample.pairs().empty() && !head_.markPrefix.empty())
+    const bool isLater = target_.index().atLeast(DxfRelease::r13);
+    if (!range && isLater)
+        return {u"the drawing has no table of " + tableTitle(table)};
+    const std::size_t first = range ? target_.record(range->begin).end() : nowhere;
+    const DxfRecord sample = range && first < range->end ? target_.record(first) : DxfRecord();
+    if (sample.pairs().empty() && isLater)
         return {u"the drawing has an empty table, which shows no way to add to it"};
     const CString text = target_.text().decode(trimmed(name));
     const std::size_t found = source_.findTableEntry(table, text);
     const std::string plain = plainEntry(source_, table, name);
-    auto writer =
-        std::find_if(entries_.begin(), entries_.end(), [&](const auto& e) { return e.first == table; });
-    if (writer == entries_.end())
-        writer = entries_.insert(writer, {table, target_.writer()});
+    auto entries =
+        std::find_if(entries_.begin(), entries_.end(), [&](const Entries& e) { return e.table == table; });
+    if (entries == entries_.end())
+        entries = entries_.insert(entries, {table, target_.writer()});
+    ++entries->count;
     return converter.convertEntry(
-        found == nowhere ? DxfRecord(plain, 0) : source_.record(found), sample, writer->second);
+        found == nowhere ? DxfRecord(plain, 0) : source_.record(found), sample, entries->writer);
 }
 
 /// A table entry like the first one, which is a space's.
@@ -228,27 +249,50 @@ bool BlockCopier::writeBlockRecord(const std::string& name, std::uint64_t handle
     return true;
 }
 
-void BlockCopier::finish() {
+/// Line types first, as layers name them.
+BlockCopier::NewTables BlockCopier::newTables() const {
+    NewTables tables{target_.writer(), {}};
+    for (const std::string_view table : {"LTYPE", "LAYER", "STYLE"})
+        for (const Entries& entries : entries_) {
+            if (entries.table != table || target_.index().table(table))
+                continue;
+            const std::size_t begin = tables.writer.size();
+            tables.writer.pair(0, "TABLE").pair(2, table).integer(70, entries.count).append(entries.writer);
+            tables.ranges.push_back({std::string(table), begin, tables.writer.size()});
+            tables.writer.pair(0, "ENDTAB");
+        }
+    return tables;
+}
+
+void BlockCopier::apply() {
     const DrawingIndex& index = target_.index();
     const DxfRange* const blocks = index.section("BLOCKS");
+    const DxfRange* const tables = index.section("TABLES");
     const std::size_t entities = index.section("ENTITIES")->begin;
-    DxfWriter open = target_.writer(), close = target_.writer();
-    if (!blocks) {
-        open.pair(0, "SECTION").pair(2, "BLOCKS");
-        close.pair(0, "ENDSEC");
-    }
+    const NewTables lacking = newTables();
+    const SectionFrame blocksFrame(target_.writer(), "BLOCKS", !blocks);
+    const SectionFrame tablesFrame(target_.writer(), "TABLES", !tables && lacking.writer.size() != 0);
+    const std::size_t sections = blocks ? std::min(blocks->begin, entities) : entities;
     std::vector<DxfSplice> splices{
-        {blocks ? blocks->end : entities, 0, open.text() + definitions_.text() + close.text()}};
+        {tables ? tables->end : sections, 0, tablesFrame.around(lacking.writer.text())},
+        {blocks ? blocks->end : entities, 0, blocksFrame.around(definitions_.text())}};
     if (blockRecords_.size() != 0)
         splices.push_back({index.table(blockRecordTable)->end, 0, blockRecords_.text()});
-    for (const auto& [table, writer] : entries_)
-        splices.push_back({index.table(table)->end, 0, writer.text()});
-    const std::size_t begin = target_.apply(std::move(splices)).front();
-    const std::size_t first = begin + open.size();
-    for (const Made& made : made_)
-        target_.addBlock(made.name, first + made.begin, first + made.content, first + made.end);
-    if (close.size() != 0)
-        target_.addSection("BLOCKS", begin, first + definitions_.size());
+    for (const Entries& entries : entries_)
+        if (const DxfRange* const table = index.table(entries.table))
+            splices.push_back({table->end, 0, entries.writer.text()});
+    const std::vector<std::size_t> begins = target_.apply(std::move(splices));
+    const std::size_t firstTable = begins[0] + tablesFrame.open.size();
+    for (const DxfRange& table : lacking.ranges)
+        target_.addTable(table.name, firstTable + table.begin, firstTable + table.end);
+    const std::size_t firstBlock = begins[1] + blocksFrame.open.size();
+    for (const DxfBlock& made : made_)
+        target_.addBlock(
+            made.name, firstBlock + made.begin, firstBlock + made.content, firstBlock + made.end);
+    if (tablesFrame.open.size() != 0)
+        target_.addSection("TABLES", begins[0], firstTable + lacking.writer.size());
+    if (blocksFrame.open.size() != 0)
+        target_.addSection("BLOCKS", begins[1], firstBlock + definitions_.size());
 }
 
 } // namespace drafta

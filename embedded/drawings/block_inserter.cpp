@@ -1,4 +1,5 @@
 #include "embedded/drawings/block_inserter.h"
+#include "base/text.h"
 #include "embedded/drawings/block_copier.h"
 #include "embedded/drawings/drawing_file.h"
 #include "embedded/drawings/geometry.h"
@@ -15,36 +16,40 @@ using ryv::DrawingResult;
 
 namespace {
 
+constexpr const char16_t* badPlace = u"a block cannot be inserted at such a place";
+
 /// Makes the records of one reference.
 class ReferenceWriter {
 public:
     ReferenceWriter(DrawingContent& content, RecordHead head, const BlockPlacement& placement)
         : content_(content), head_(std::move(head)), placement_(placement), writer_(content.writer()) {}
 
-    /// False when no handle is left.
-    bool write(const DxfBlock& block);
+    /// The block lies in `bytes`. False when no handle is left.
+    bool write(const DxfBlock& block, std::string_view bytes);
     const DxfWriter& writer() const noexcept { return writer_; }
     std::size_t recordLength() const noexcept { return recordLength_; }
 
 private:
-    std::vector<DxfRecord> definitionsOf(const DxfBlock& block) const;
     void writeInsert(std::string_view name, bool hasAttributes, std::uint64_t handle);
     void writeAttribute(const DxfRecord& definition, std::uint64_t handle);
     void writeChanged(const DxfPair& pair, double value);
     bool writePlaced(const DxfRecord& definition, const DxfPair& pair);
+    void writePointOnce(const DxfRecord& definition, int code, bool& isWritten);
 
     DrawingContent& content_;
     RecordHead head_;
     BlockPlacement placement_;
     DxfWriter writer_;
     std::size_t recordLength_ = 0;
+    bool hasPlace_ = false, hasAlignment_ = false; // the attribute that is being written
 };
 
-std::vector<DxfRecord> ReferenceWriter::definitionsOf(const DxfBlock& block) const {
+/// The attribute definitions that give attributes.
+std::vector<DxfRecord> definitionsOf(const DxfBlock& block, std::string_view bytes) {
     constexpr int constant = 2;
     std::vector<DxfRecord> definitions;
     for (std::size_t at = block.content; at < block.end;) {
-        DxfRecord record = content_.record(at);
+        DxfRecord record(bytes, at);
         at = record.end();
         if (record.kind() == "ATTDEF" && (record.integer(70, 0) & constant) == 0)
             definitions.push_back(std::move(record));
@@ -52,8 +57,8 @@ std::vector<DxfRecord> ReferenceWriter::definitionsOf(const DxfBlock& block) con
     return definitions;
 }
 
-bool ReferenceWriter::write(const DxfBlock& block) {
-    const std::vector<DxfRecord> definitions = definitionsOf(block);
+bool ReferenceWriter::write(const DxfBlock& block, std::string_view bytes) {
+    const std::vector<DxfRecord> definitions = definitionsOf(block, bytes);
     const std::optional<std::uint64_t> first = content_.takeHandles(definitions.size() + 2);
     if (!first)
         return false;
@@ -86,25 +91,34 @@ void ReferenceWriter::writeInsert(std::string_view name, bool hasAttributes, std
 
 /// Writes the number, in the old spelling when it is still the same.
 void ReferenceWriter::writeChanged(const DxfPair& pair, double value) {
-    if (parseReal(pair.value) == value || !std::isfinite(value))
+    if (parseReal(pair.value) == value)
         writer_.pair(pair.code, pair.value);
     else
         writer_.real(pair.code, value);
 }
 
+/// Writes a point as the reference places it, whole, where the first of its pairs is.
+void ReferenceWriter::writePointOnce(const DxfRecord& definition, int code, bool& isWritten) {
+    if (isWritten)
+        return;
+    isWritten = true;
+    const ObjectAxes axes(definition);
+    writePoint(writer_, definition, code,
+        axes.fromSpace(placement_.placed(axes.toSpace(pointOf(definition, code)))));
+}
+
 /// Writes a pair of the geometry as the reference places it; false for other pairs.
 bool ReferenceWriter::writePlaced(const DxfRecord& definition, const DxfPair& pair) {
-    const int corner = pair.code % 10;
-    if (pair.code >= 10 && pair.code <= 31 && (corner == 0 || corner == 1)) {
-        const ObjectAxes axes(definition);
-        const DrawingPoint moved =
-            axes.fromSpace(placement_.placed(axes.toSpace(pointOf(definition, 10 + corner))));
-        writeChanged(pair, pair.code < 20 ? moved.x : pair.code < 30 ? moved.y : moved.z);
+    if (isPointCode(pair.code, 10) || pair.code == 40)
+        writePointOnce(definition, 10, hasPlace_);
+    if (isPointCode(pair.code, 11))
+        writePointOnce(definition, 11, hasAlignment_);
+    if (isPointCode(pair.code, 10) || isPointCode(pair.code, 11))
         return true;
-    }
     const double old = parseReal(pair.value).value_or(0);
     const double narrowing = std::abs(placement_.scale.x / placement_.scale.y);
-    const double direction = placement_.placedDirection(definition.real(50).value_or(0));
+    const double direction =
+        placement_.placedDirection(definition.real(50).value_or(0), ObjectAxes(definition));
     if (pair.code == 40) {
         writeChanged(pair, old * std::abs(placement_.scale.y));
         if (!definition.find(41) && narrowing != 1)
@@ -124,6 +138,7 @@ void ReferenceWriter::writeAttribute(const DxfRecord& definition, std::uint64_t 
     head_.writeTop(writer_, "ATTRIB", handle);
     constexpr std::string_view definitionMark = "AttributeDefinition";
     bool isAttributePart = false;
+    hasPlace_ = hasAlignment_ = false;
     for (const DxfPair& pair : ownPairs(definition)) {
         const std::string_view value = trimmed(pair.value);
         const bool isMark = pair.code == dxf::subclass;
@@ -141,38 +156,52 @@ void ReferenceWriter::writeAttribute(const DxfRecord& definition, std::uint64_t 
     }
 }
 
+bool isBlockName(CStringView name) {
+    constexpr CStringView forbidden = u"<>/\\\":;?*|,=`";
+    return !name.empty() && !ryv::isSpace(name.front()) && !ryv::isSpace(name.back()) &&
+           std::none_of(name.begin(), name.end(), [&](char16_t unit) {
+               return unit < u' ' || unit == 0x7F || forbidden.find(unit) != CStringView::npos;
+           });
+}
+
 DrawingResult check(
     const DrawingContent& content, CStringView drawing, const ryv::BlockInsertion& insertion) {
-    std::string name;
-    if (insertion.block.empty() || insertion.block.front() == u'*' ||
-        !content.text().encode(insertion.block, name))
-        return drawingFailure(drawing, 0, u"\"" + insertion.block + u"\" is no name for a block");
+    if (!isBlockName(insertion.block))
+        return drawingFailure(drawing, 0,
+            u"\"" + insertion.block +
+                u"\" is no name for a block: it must not be empty, begin or end with a blank, or hold "
+                u"control "
+                u"characters or any of < > / \\ \" : ; ? * | , = `");
     const DrawingPoint& scale = insertion.scale;
     const bool isUsable = isFinite(insertion.position) && isFinite(scale) &&
                           std::isfinite(insertion.rotation) && scale.x != 0 && scale.y != 0 && scale.z != 0;
     if (!isUsable)
-        return drawingFailure(drawing, 0, u"a block cannot be inserted at such a place");
+        return drawingFailure(drawing, 0, badPlace);
     if (!content.index().section("ENTITIES"))
         return drawingFailure(drawing, 0, u"the drawing has no section for entities");
     return {};
 }
 
-/// Defines the block from the file, unless the drawing has it.
-DrawingResult define(
-    ryv::Files& files, DrawingContent& content, CStringView drawing, const ryv::BlockInsertion& insertion) {
-    if (content.findBlock(insertion.block) != nowhere)
-        return {};
+/// A block that is on its way into the drawing.
+struct NewBlock {
+    std::optional<DrawingContent> source;
+    std::optional<BlockCopier> copier; // refers to `source`
+};
+
+/// Makes the records of a block that the drawing lacks.
+DrawingResult copyBlock(ryv::Files& files, DrawingContent& content, CStringView drawing,
+    const ryv::BlockInsertion& insertion, NewBlock& block) {
     DrawingResult result;
     ryv::Fingerprint unused;
-    const std::optional<DrawingContent> source = readDrawing(files, insertion.file, unused, result);
-    if (!source)
+    block.source = readDrawing(files, insertion.file, unused, result);
+    if (!block.source)
         return result;
-    const CopyFault fault = BlockCopier(*source, content).copy(insertion.block);
+    const CopyFault fault = block.copier.emplace(*block.source, content).copy(insertion.block);
     if (!fault)
         return {};
-    return fault.offset == nowhere
-               ? drawingFailure(drawing, 0, fault.reason)
-               : drawingFailure(insertion.file, lineNumber(source->bytes(), fault.offset), fault.reason);
+    return fault.offset == nowhere ? drawingFailure(drawing, 0, fault.reason)
+                                   : drawingFailure(insertion.file,
+                                         lineNumber(block.source->bytes(), fault.offset), fault.reason);
 }
 
 /// Where a new entity of the space goes: to the end.
@@ -192,14 +221,24 @@ DrawingResult insertBlock(ryv::Files& files, DrawingContent& content, CStringVie
     if (!head)
         return drawingFailure(
             drawing, 0, u"the drawing has no record that shows how a new one has to be marked");
-    if (const DrawingResult result = define(files, content, drawing, insertion); !result.ok())
-        return result;
-    const DxfBlock block = content.index().blocks[content.findBlock(insertion.block)];
+    HandleReservation reservation(content);
+    NewBlock added;
+    const std::size_t found = content.findBlock(insertion.block);
+    if (found == nowhere)
+        if (const DrawingResult result = copyBlock(files, content, drawing, insertion, added); !result.ok())
+            return result;
+    const DxfBlock block = added.copier ? added.copier->block() : content.index().blocks[found];
+    const std::string_view bytes = added.copier ? added.copier->text() : content.bytes();
     const BlockPlacement placement{
-        pointOf(content.record(block.begin), 10), insertion.position, insertion.scale, insertion.rotation};
+        pointOf(DxfRecord(bytes, block.begin), 10), insertion.position, insertion.scale, insertion.rotation};
     ReferenceWriter writer(content, *head, placement);
-    if (!writer.write(block))
+    if (!writer.write(block, bytes))
         return drawingFailure(drawing, 0, u"the drawing has no free handle left");
+    if (!writer.writer().isFinite())
+        return drawingFailure(drawing, 0, badPlace);
+    reservation.keep();
+    if (added.copier)
+        added.copier->apply();
     const std::size_t begin = content.apply({{endOf(content, space), 0, writer.writer().text()}}).front();
     reference = content.addReference(
         space, block.name, {begin, writer.recordLength(), writer.writer().size(), nowhere});

@@ -94,7 +94,7 @@ void DrawingContent::surveyHandles() {
                  pair.code == dxf::tableHandle)
             largest = std::max(largest, parseHandle(pair.value).value_or(0));
     }
-    hasHandles_ = index_.atLeast(DxfRelease::r13) || (largest > 0 && variable("$HANDLING") != "0");
+    hasHandles_ = largest > 0 && (index_.atLeast(DxfRelease::r13) || variable("$HANDLING") != "0");
     nextHandle_ = largest == last ? last : std::max(parseHandle(variable(seedName)).value_or(0), largest + 1);
 }
 
@@ -205,6 +205,10 @@ void DrawingContent::addBlock(
 
 void DrawingContent::addSection(std::string_view name, std::size_t begin, std::size_t end) {
     index_.sections.push_back({std::string(name), begin, end});
+}
+
+void DrawingContent::addTable(std::string_view name, std::size_t begin, std::size_t end) {
+    index_.tables.push_back({std::string(name), begin, end});
 }
 
 ReferenceId DrawingContent::addReference(SpaceId space, std::string_view block, const DxfReference& where) {

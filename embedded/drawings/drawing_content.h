@@ -48,7 +48,7 @@ public:
     /// The first record behind a TABLE record with that name; nowhere when there is none.
     std::size_t findTableEntry(std::string_view table, ryv::CStringView name) const;
 
-    /// True when new records get handles: always in later releases, in release 12 when its records have them.
+    /// True when new records get handles: when the drawing's records have them, and release 12 says so too.
     bool hasHandles();
 
     /// Takes `count` handles that nothing has and gives the first; 0 when new records get none. Nothing when
@@ -66,9 +66,11 @@ public:
     /// Tells of what an edit has brought in.
     void addBlock(std::string_view name, std::size_t begin, std::size_t content, std::size_t end);
     void addSection(std::string_view name, std::size_t begin, std::size_t end);
+    void addTable(std::string_view name, std::size_t begin, std::size_t end);
     ReferenceId addReference(SpaceId space, std::string_view block, const DxfReference& where);
 
 private:
+    friend class HandleReservation;
     DrawingContent(ryv::ByteBuffer bytes, DrawingIndex index);
     void surveyHandles();
     void addSeed(std::vector<DxfSplice>& splices);
@@ -83,6 +85,28 @@ private:
     std::size_t revision_ = 0;
     std::optional<std::uint64_t> nextHandle_; // nothing before the survey
     bool hasHandles_ = false;
+};
+
+/// Gives back the handles that are taken while it lives, unless they are kept.
+class HandleReservation {
+public:
+    explicit HandleReservation(DrawingContent& content) : content_(content) {
+        content.hasHandles(); // surveys them, so that there is a next one
+        next_ = content.nextHandle_;
+    }
+    HandleReservation(const HandleReservation&) = delete;
+    HandleReservation& operator=(const HandleReservation&) = delete;
+    ~HandleReservation() {
+        if (!isKept_)
+            content_.nextHandle_ = next_;
+    }
+
+    void keep() noexcept { isKept_ = true; }
+
+private:
+    DrawingContent& content_;
+    std::optional<std::uint64_t> next_;
+    bool isKept_ = false;
 };
 
 } // namespace drafta

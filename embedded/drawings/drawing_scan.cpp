@@ -1,4 +1,5 @@
 #include "embedded/drawings/drawing_scan.h"
+#include "embedded/drawings/dxf_record.h"
 
 #include <algorithm>
 #include <charconv>
@@ -18,7 +19,11 @@ auto findNamed(const Ranges& ranges, std::string_view name) noexcept -> decltype
     return found == ranges.end() ? nullptr : &*found;
 }
 
-/// True for "*MODEL_SPACE" and the like; the names of spaces are plain ASCII.
+bool isDigits(std::string_view text) noexcept {
+    return std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+/// `upper` is plain ASCII, as the names of spaces are.
 bool startsNoCase(std::string_view text, std::string_view upper) noexcept {
     const auto equal = [](char a, char b) { return (a >= 'a' && a <= 'z' ? a - 'a' + 'A' : a) == b; };
     return text.size() >= upper.size() &&
@@ -111,6 +116,8 @@ DxfFault Scanner::run() {
 }
 
 void Scanner::beginRecord(const DxfPair& pair) {
+    if (record_ == Record::section)
+        return fail(u"a section has no name", index_.sections.back().begin);
     record_ = Record::other;
     named_ = false;
     const std::string_view kind = trimmed(pair.value);
@@ -250,6 +257,8 @@ void Scanner::detail(const DxfPair& pair) {
 }
 
 void Scanner::nameSection(std::string_view name) {
+    if (name.empty())
+        return; // and the next record finds it so
     index_.sections.back().name = name;
     record_ = name == "HEADER" ? Record::header : Record::other;
     section_ = name == "HEADER"     ? Section::header
@@ -262,11 +271,11 @@ void Scanner::nameSection(std::string_view name) {
 void Scanner::nameBlock(std::string_view name) {
     index_.blocks.back().name = name;
     name = trimmed(name);
-    const bool isModel = startsNoCase(name, "*MODEL_SPACE");
-    if (!isModel && !startsNoCase(name, "*PAPER_SPACE"))
-        return;
     constexpr std::size_t length = std::string_view("*Paper_Space").size();
     const bool plain = name.size() == length;
+    const bool isModel = plain && startsNoCase(name, "*MODEL_SPACE");
+    if (!isModel && !(startsNoCase(name, "*PAPER_SPACE") && isDigits(name.substr(length))))
+        return;
     blockSpace_ = !plain ? index_.spaces.size() : isModel ? modelSpace : paperSpace;
     if (!plain)
         index_.spaces.push_back({std::string(name), nowhere, {}});
@@ -284,9 +293,9 @@ void Scanner::insertDetail(const DxfPair& pair) {
     else if (pair.code == 2 && reference_.name == nowhere)
         reference_.name = nameNumber(pair.value);
     else if (pair.code == 66 && !std::exchange(hasFollowMark_, true))
-        attributesFollow_ = trimmed(pair.value) == "1";
+        attributesFollow_ = parseInteger(pair.value) == 1;
     else if (pair.code == 67 && !std::exchange(hasPaperMark_, true))
-        onPaper_ = trimmed(pair.value) == "1";
+        onPaper_ = parseInteger(pair.value) == 1;
 }
 
 void Scanner::headerDetail(const DxfPair& pair) {

@@ -75,7 +75,7 @@ struct PageName {
     const char* inLibrary;
 };
 
-constexpr std::array<PageName, 34> pageNames{{{"ANSI_874", "CP874"}, {"ANSI_932", "CP932"},
+constexpr auto pageNames = std::to_array<PageName>({{"ANSI_874", "CP874"}, {"ANSI_932", "CP932"},
     {"ANSI_936", "CP936"}, {"ANSI_949", "CP949"}, {"ANSI_950", "CP950"}, {"ANSI_1250", "CP1250"},
     {"ANSI_1251", "CP1251"}, {"ANSI_1252", "CP1252"}, {"ANSI_1253", "CP1253"}, {"ANSI_1254", "CP1254"},
     {"ANSI_1255", "CP1255"}, {"ANSI_1256", "CP1256"}, {"ANSI_1257", "CP1257"}, {"ANSI_1258", "CP1258"},
@@ -83,12 +83,25 @@ constexpr std::array<PageName, 34> pageNames{{{"ANSI_874", "CP874"}, {"ANSI_932"
     {"DOS932", "CP932"}, {"DOS437", "CP437"}, {"DOS850", "CP850"}, {"DOS852", "CP852"}, {"DOS855", "CP855"},
     {"DOS857", "CP857"}, {"DOS860", "CP860"}, {"DOS861", "CP861"}, {"DOS863", "CP863"}, {"DOS864", "CP864"},
     {"DOS865", "CP865"}, {"DOS866", "CP866"}, {"DOS869", "CP869"}, {"MAC-ROMAN", "MACINTOSH"},
-    {"ISO8859-1", "ISO-8859-1"}}};
+    {"MACINTOSH", "MACINTOSH"}, {"DOS737", "CP737"}, {"DOS775", "CP775"}, {"DOS862", "CP862"},
+    {"ISO8859-1", "ISO-8859-1"}, {"ISO8859-2", "ISO-8859-2"}, {"ISO8859-3", "ISO-8859-3"},
+    {"ISO8859-4", "ISO-8859-4"}, {"ISO8859-5", "ISO-8859-5"}, {"ISO8859-6", "ISO-8859-6"},
+    {"ISO8859-7", "ISO-8859-7"}, {"ISO8859-8", "ISO-8859-8"}, {"ISO8859-9", "ISO-8859-9"}});
 
-const char* libraryName(std::string_view codePage) {
-    std::string upper(codePage);
+std::string upperCase(std::string_view name) {
+    std::string upper(name);
     std::transform(upper.begin(), upper.end(), upper.begin(),
         [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
+    return upper;
+}
+
+bool isUtf8Name(std::string_view codePage) {
+    const std::string upper = upperCase(codePage);
+    return upper == "UTF-8" || upper == "UTF8" || upper == "ANSI_65001";
+}
+
+const char* libraryName(std::string_view codePage) {
+    const std::string upper = upperCase(codePage);
     for (const PageName& name : pageNames)
         if (name.inDrawings == upper)
             return name.inLibrary;
@@ -214,7 +227,8 @@ private:
     Converter toUnits_, toBytes_;
 };
 
-DrawingText::DrawingText(bool isUtf8, std::string_view codePage) : isUtf8_(isUtf8), pageName_(codePage) {}
+DrawingText::DrawingText(bool isUtf8, std::string_view codePage)
+    : isUtf8_(isUtf8 || isUtf8Name(codePage)), pageName_(codePage) {}
 DrawingText::DrawingText(DrawingText&&) noexcept = default;
 DrawingText& DrawingText::operator=(DrawingText&&) noexcept = default;
 DrawingText::~DrawingText() = default;

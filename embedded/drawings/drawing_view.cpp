@@ -48,6 +48,7 @@ bool DrawingView::setSpace(CStringView name) {
             space_ = space;
             open_.reset();
             wanted_.clear();
+            isWanted_.clear();
             position_ = 0;
             return true;
         }
@@ -56,6 +57,7 @@ bool DrawingView::setSpace(CStringView name) {
 
 bool DrawingView::firstReference(CStringView block) {
     wanted_ = block;
+    isWanted_.clear();
     return openFrom(0);
 }
 
@@ -69,13 +71,12 @@ bool DrawingView::openFrom(std::size_t position) {
         return false;
     const DrawingContent& content = drawing_->content();
     const DrawingIndex& index = content.index();
-    std::vector<char> isWanted(index.names.size()); // each spelling is decoded once
-    for (std::size_t i = 0; i < index.names.size(); ++i)
-        isWanted[i] = content.sameName(index.names[i], wanted_);
+    while (isWanted_.size() < index.names.size())
+        isWanted_.push_back(content.sameName(index.names[isWanted_.size()], wanted_) ? 1 : 0);
     const std::vector<ReferenceId>& references = index.spaces[space_].references;
     for (position_ = position; position_ < references.size();) {
         const ReferenceId reference = references[position_++];
-        if (isWanted[index.references[reference].name]) {
+        if (isWanted_[index.references[reference].name]) {
             open_ = reference;
             return true;
         }

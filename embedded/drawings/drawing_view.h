@@ -39,8 +39,9 @@ private:
 
     std::shared_ptr<Drawing> drawing_;
     SpaceId space_ = modelSpace;
-    ryv::CString wanted_;      // the block that firstReference() was last asked for
-    std::size_t position_ = 0; // behind the last reference found, in the order of the space
+    ryv::CString wanted_;        // the block that firstReference() was last asked for
+    std::vector<char> isWanted_; // by DrawingIndex::names: each spelling is decoded once
+    std::size_t position_ = 0;   // behind the last reference found, in the order of the space
     std::optional<ReferenceId> open_;
     std::optional<AttributeRun> run_; // of the open reference, made when it is asked for
 };

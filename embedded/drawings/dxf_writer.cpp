@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <cmath>
 
 namespace drafta {
 
@@ -40,12 +41,18 @@ DxfWriter& DxfWriter::pair(int code, std::string_view value) {
     return *this;
 }
 
+DxfWriter& DxfWriter::real(int code, double value) {
+    isFinite_ = isFinite_ && std::isfinite(value);
+    return pair(code, realText(value));
+}
+
 DxfWriter& DxfWriter::integer(int code, int value) {
     return pair(code, std::to_string(value));
 }
 
 DxfWriter& DxfWriter::append(const DxfWriter& other) {
     text_ += other.text_;
+    isFinite_ = isFinite_ && other.isFinite_;
     return *this;
 }
 

@@ -20,24 +20,27 @@ std::string realText(double number);
 
 std::string handleText(std::uint64_t handle);
 
-/// Collects pairs.
+/// Collects pairs, and remembers whether a number among them was none that the format can hold.
 class DxfWriter {
 public:
     explicit DxfWriter(DxfStyle style) noexcept : style_(style) {}
 
     DxfWriter& pair(int code, std::string_view value);
     DxfWriter& integer(int code, int value);
-    DxfWriter& real(int code, double value) { return pair(code, realText(value)); }
+    DxfWriter& real(int code, double value);
     DxfWriter& handle(int code, std::uint64_t value) { return pair(code, handleText(value)); }
 
     DxfWriter& append(const DxfWriter& other);
 
+    /// False once real() was given a number that is not finite; the text is of no use then.
+    bool isFinite() const noexcept { return isFinite_; }
     std::size_t size() const noexcept { return text_.size(); }
     const std::string& text() const noexcept { return text_; }
 
 private:
     DxfStyle style_;
     std::string text_;
+    bool isFinite_ = true;
 };
 
 } // namespace drafta

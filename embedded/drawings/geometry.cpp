@@ -29,6 +29,17 @@ DrawingPoint pointOf(const DxfRecord& record, int code, DrawingPoint otherwise) 
         record.real(code + 20).value_or(otherwise.z)};
 }
 
+void writePoint(DxfWriter& writer, const DxfRecord& model, int code, DrawingPoint point) {
+    for (const double coordinate : {point.x, point.y, point.z}) {
+        const DxfPair* const old = model.find(code);
+        if (old && parseReal(old->value) == coordinate)
+            writer.pair(code, old->value);
+        else
+            writer.real(code, coordinate);
+        code += 10;
+    }
+}
+
 ObjectAxes::ObjectAxes(const DxfRecord& record)
     : ObjectAxes(record.find(210) ? pointOf(record, 210, {0, 0, 1}) : DrawingPoint{0, 0, 1}) {}
 
@@ -53,19 +64,26 @@ DrawingPoint ObjectAxes::fromSpace(DrawingPoint p) const noexcept {
     return {dot(x_, p), dot(y_, p), dot(z_, p)};
 }
 
-DrawingPoint BlockPlacement::placed(DrawingPoint point) const noexcept {
-    const double x = (point.x - base.x) * scale.x, y = (point.y - base.y) * scale.y;
-    const double z = (point.z - base.z) * scale.z;
+DrawingPoint BlockPlacement::shaped(DrawingPoint point) const noexcept {
+    const double x = point.x * scale.x, y = point.y * scale.y;
     const double cosine = std::cos(rotation), sine = std::sin(rotation);
-    return {position.x + x * cosine - y * sine, position.y + x * sine + y * cosine, position.z + z};
+    return {x * cosine - y * sine, x * sine + y * cosine, point.z * scale.z};
 }
 
-double BlockPlacement::placedDirection(double degrees) const noexcept {
+DrawingPoint BlockPlacement::placed(DrawingPoint point) const noexcept {
+    const DrawingPoint moved = shaped({point.x - base.x, point.y - base.y, point.z - base.z});
+    return {position.x + moved.x, position.y + moved.y, position.z + moved.z};
+}
+
+double BlockPlacement::placedDirection(double degrees, const ObjectAxes& axes) const noexcept {
     const double angle = degrees / 180 * std::numbers::pi;
-    const bool evenly = scale.x == scale.y && scale.x > 0;
-    const double turned =
-        evenly ? degrees : toDegrees(std::atan2(std::sin(angle) * scale.y, std::cos(angle) * scale.x));
-    const double full = std::fmod(turned + toDegrees(rotation), 360);
+    double turned = degrees + toDegrees(rotation); // exactly so where nothing bends the plane
+    if (!axes.areOfSpace() || scale.x != scale.y || scale.x <= 0) {
+        const DrawingPoint direction =
+            axes.fromSpace(shaped(axes.toSpace({std::cos(angle), std::sin(angle), 0})));
+        turned = toDegrees(std::atan2(direction.y, direction.x));
+    }
+    const double full = std::fmod(turned, 360);
     return full < 0 ? full + 360 : full;
 }
 

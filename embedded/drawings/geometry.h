@@ -2,6 +2,7 @@
 #pragma once
 
 #include "embedded/drawings/dxf_record.h"
+#include "embedded/drawings/dxf_writer.h"
 #include "platform/host/drawings.h"
 
 namespace drafta {
@@ -9,6 +10,14 @@ namespace drafta {
 /// The point in three pairs: `code`, `code` + 10 and `code` + 20 (10, 20 and 30, say). What is missing or no
 /// finite number is 0, or `otherwise`.
 ryv::DrawingPoint pointOf(const DxfRecord& record, int code, ryv::DrawingPoint otherwise = {});
+
+/// Writes a point in its three pairs. A coordinate that `model` has the same keeps its spelling.
+void writePoint(DxfWriter& writer, const DxfRecord& model, int code, ryv::DrawingPoint point);
+
+/// True for the codes of the three pairs that begin with `code`.
+constexpr bool isPointCode(int code, int first) noexcept {
+    return code == first || code == first + 10 || code == first + 20;
+}
 
 /// The coordinates of a flat entity, whose z axis is its extrusion (210) and whose other axes follow from it.
 class ObjectAxes {
@@ -18,6 +27,9 @@ public:
 
     ryv::DrawingPoint toSpace(ryv::DrawingPoint point) const noexcept;
     ryv::DrawingPoint fromSpace(ryv::DrawingPoint point) const noexcept;
+
+    /// True when they are the coordinates of the space.
+    bool areOfSpace() const noexcept { return z_.z == 1; }
 
 private:
     ryv::DrawingPoint x_{1, 0, 0}, y_{0, 1, 0}, z_{0, 0, 1};
@@ -33,9 +45,12 @@ struct BlockPlacement {
 
     ryv::DrawingPoint placed(ryv::DrawingPoint point) const noexcept;
 
-    /// The direction that a direction in the block (degrees in the plane) has afterwards, in degrees from 0
-    /// up to, not including, 360.
-    double placedDirection(double degrees) const noexcept;
+    /// The direction that a direction in the block has afterwards. Both are in degrees in the plane of an
+    /// entity with these axes; the result is from 0 up to, not including, 360.
+    double placedDirection(double degrees, const ObjectAxes& axes) const noexcept;
+
+    /// Scaled and turned.
+    ryv::DrawingPoint shaped(ryv::DrawingPoint point) const noexcept;
 };
 
 bool isFinite(ryv::DrawingPoint point) noexcept;

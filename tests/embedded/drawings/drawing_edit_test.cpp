@@ -107,6 +107,52 @@ TEST_F(DrawingEdit, add_first_makesTheSequenceAndTheMark) {
     }
 }
 
+TEST_F(DrawingEdit, add_whereNothingHasAHandle_addsNone) {
+    const std::string reference =
+        "0\nINSERT\n100\nXxEntity\n8\n0\n100\nXxBlockReference\n66\n1\n2\nB\n10\n0\n20\n0\n";
+    const std::string end = "0\nSEQEND\n100\nXxEntity\n8\n0\n0\nENDSEC\n0\nEOF\n";
+    const std::string attribute =
+        "0\nATTRIB\n5\n\n100\nXxEntity\n8\n0\n100\nXxText\n10\n0\n20\n0\n40\n1\n1\nv\n"
+        "100\nXxAttribute\n2\nA\n70\n0\n";
+    for (const std::string version : {"AC1009", "AC1015"}) {
+        DrawingView database = view("0\nSECTION\n2\nHEADER\n9\n$XVER\n1\n" + version +
+                                    "\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n" + reference + attribute + end);
+        ASSERT_TRUE(database.firstReference(u"B"));
+        ASSERT_TRUE(database.addAttribute(u"A", u"NEW", u"", {}));
+        const std::string_view bytes = database.drawing()->bytes();
+        EXPECT_EQ(bytes.find("\n5\n", bytes.find("ATTRIB\n5\n") + 9), std::string_view::npos) << bytes;
+    }
+}
+
+// A row of edits through one view, against a fresh look at each result.
+TEST_F(DrawingEdit, edits_oneBehindTheOther_leaveEveryAttributeRight) {
+    for (const std::string& before :
+        {recorded("panel"), ryv::test::readBytes(madeDrawings().native("R2018.dwg"))}) {
+        DrawingView database = view(before);
+        ASSERT_TRUE(database.firstReference(u"KQ_M"));
+        database.nextReference() || database.firstReference(u"KQ_M");
+        std::vector<CString> expected;
+        const auto tags = database.attributes();
+        for (std::size_t i = 0; i < tags.size(); ++i) {
+            ASSERT_TRUE(database.writeAttribute(tags[i].tag, CString(i % 5 * 7, u'v')));
+            const CString added = u"NEW" + ryv::toText(static_cast<int>(i));
+            ASSERT_TRUE(database.addAttribute(tags[i].tag, added, u"n", {0, -1, 0}));
+            ASSERT_TRUE(database.writeAttribute(added, CString(i % 3, u'w')));
+            expected.insert(expected.end(), {CString(i % 5 * 7, u'v'), CString(i % 3, u'w')});
+        }
+        DrawingView fresh(database.drawing());
+        ASSERT_TRUE(fresh.firstReference(u"KQ_M"));
+        fresh.nextReference() || fresh.firstReference(u"KQ_M");
+        std::vector<CString> values;
+        for (const auto& attribute : fresh.attributes()) {
+            values.push_back(attribute.value);
+            EXPECT_EQ(read(database, attribute.tag), ryv::toUtf8(attribute.value));
+        }
+        EXPECT_EQ(values, expected);
+        saved(database);
+    }
+}
+
 TEST_F(DrawingEdit, views_ofOneDrawing_seeEachOthersChangesAndKeepTheirPlace) {
     DrawingView one = view(recorded("ladder"));
     DrawingView other(one.drawing());

@@ -63,6 +63,8 @@ TEST_F(DrawingHostile, load_whatIsNoDrawing_saysFileLineAndReason) {
         {blocks + "0\nENDBLK\n" + end, ":5:", "outside of all block"},
         {tables + "0\nTABLE\n2\nLAYER\n" + end, ":9:", "inside a table"},
         {tables + "0\nENDTAB\n" + end, ":5:", "not begun"},
+        {"0\nSECTION\n0\nENDSEC\n0\nEOF\n", ":1:", "no name"},
+        {"0\nSECTION\n2\n \n0\nLINE\n" + end, ":1:", "no name"},
     };
     for (const Case& c : cases) {
         EXPECT_FALSE(load(c.bytes)) << c.bytes;

@@ -156,6 +156,7 @@ TEST_F(DrawingInsert, whatCannotBe_isRefusedWithoutAChange) {
         early("0\nLWPOLYLINE\n8\n0\n90\n0\n")
             .substr(std::string("0\nSECTION\n2\nHEADER\n9\n$HANDLING\n70\n0\n0\nENDSEC\n").size());
     const double infinite = std::numeric_limits<double>::infinity();
+    const std::string definition = "0\nATTDEF\n8\n0\n10\n1e308\n20\n0\n40\n1\n1\n\n3\n\n2\nT\n70\n0\n";
     struct Case {
         std::string source;
         ryv::BlockInsertion insertion;
@@ -166,11 +167,15 @@ TEST_F(DrawingInsert, whatCannotBe_isRefusedWithoutAChange) {
         {early(""), {u"", {}, {}}, u"no name for a block"},
         {early(""), {u"*Model_Space", {}, {}}, u"no name for a block"},
         {early(""), {u"a\nb", {}, {}}, u"no name for a block"},
+        {early(""), {u" B", {}, {}}, u"begin or end with a blank"},
+        {early(""), {u"B ", {}, {}}, u"no name for a block"},
+        {early(""), {u"B", {}, {}, {1, 1, 1}, 1e307}, u"such a place"},
         {early(""), {u"B", {}, {}, {1, 0, 1}}, u"such a place"},
         {early(""), {u"B", {}, {infinite, 0, 0}}, u"such a place"},
         {early("0\nDIMENSION\n8\n0\n2\n*D1\n"), {u"B", {}, {}}, u"b.dwg:15: a DIMENSION cannot be brought"},
         {lightweight, {u"B", {}, {}}, u"b.dwg:15: a LWPOLYLINE cannot be brought"},
         {early("0\nINSERT\n8\n0\n2\nB\n"), {u"B", {}, {}}, u"hold itself"},
+        {early(definition), {u"B", {}, {}, {10, 10, 10}}, u"such a place"},
         {early("0\nINSERT\n8\n0\n2\n*U7\n"), {u"B", {}, {}}, u"without a name of its own"},
         {early("0\nINSERT\n8\n0\n2\nGONE\n"), {u"B", {}, {}},
             u"GONE, which is inserted in B, is not defined"},
@@ -189,6 +194,78 @@ TEST_F(DrawingInsert, whatCannotBe_isRefusedWithoutAChange) {
     }
     DrawingView database = view("0\nEOF\n");
     EXPECT_FALSE(database.insertBlock(settings()).ok());
+    for (const char16_t mark : CStringView(u"<>/\\\":;?*|,=`"))
+        EXPECT_FALSE(view(recorded("panel")).insertBlock({CString(u"A") + mark + u"B", {}, {}}).ok());
+}
+
+TEST_F(DrawingInsert, afterARefusal_theNextHandleIsStillTheSame) {
+    folder.write("b.dwg", early("0\nLINE\n8\n0\n0\nDIMENSION\n8\n0\n"));
+    std::vector<std::string> contents;
+    for (const bool failsFirst : {false, true}) {
+        DrawingView database = view(recorded("panel"));
+        if (failsFirst) {
+            EXPECT_FALSE(database.insertBlock({u"B", folder.module(u"b.dwg"), {}}).ok());
+            EXPECT_FALSE(database.insertBlock({u"KQ_M", {}, {1, 1, 1}, {1, 1, 1}, 1e307}).ok());
+            EXPECT_TRUE(database.firstReference(u"KQ_M"));
+            EXPECT_TRUE(database.addAttribute(u"SHEET", u"FAR", u"", {1e308, 0, 0}));
+            EXPECT_FALSE(database.addAttribute(u"FAR", u"FARTHER", u"", {1e308, 0, 0}));
+        } else {
+            EXPECT_TRUE(database.firstReference(u"KQ_M"));
+            EXPECT_TRUE(database.addAttribute(u"SHEET", u"FAR", u"", {1e308, 0, 0}));
+        }
+        EXPECT_TRUE(database.insertBlock(settings()).ok());
+        contents.emplace_back(database.drawing()->bytes());
+    }
+    EXPECT_EQ(contents[0], contents[1]);
+}
+
+TEST_F(DrawingInsert, attributesWithoutAllCoordinates_standWhereTheReferencePutsThem) {
+    folder.write("b.dwg", early("0\nATTDEF\n8\n0\n10\n1\n20\n2\n40\n1\n1\n\n3\n\n2\nFLAT\n70\n0\n"
+                                "0\nATTDEF\n8\n0\n40\n1\n1\n\n3\n\n2\nNOWHERE\n70\n0\n"));
+    DrawingView database = view(recorded("plain"));
+    ASSERT_TRUE(database.insertBlock({u"B", folder.module(u"b.dwg"), {5, 6, 7}}).ok());
+    ASSERT_TRUE(database.addAttribute(u"NOWHERE", u"ADDED", u"", {1, 1, 1}));
+    std::vector<std::array<double, 3>> places;
+    for (const auto& attribute : database.attributes())
+        places.push_back({attribute.position.x, attribute.position.y, attribute.position.z});
+    EXPECT_EQ(places, (std::vector<std::array<double, 3>>{{6, 8, 7}, {5, 6, 7}, {6, 7, 8}}));
+    saved(database);
+}
+
+// What the plane of the text is turned over by, its direction has to be seen from there.
+TEST_F(DrawingInsert, directionOfAnExtrudedAttribute_isTurnedInItsOwnPlane) {
+    folder.write("b.dwg", early("0\nATTDEF\n8\n0\n10\n1\n20\n2\n40\n1\n50\n35\n1\n\n3\n\n2\nT\n70\n0\n"
+                                "210\n0\n220\n0\n230\n-1\n"));
+    const std::vector<std::pair<DrawingPoint, std::string>> cases{
+        {{1, 1, 1}, "305"}, {{2, 2, 2}, "305"}, {{-1, 1, 1}, "55"}};
+    for (const auto& [scale, direction] : cases) {
+        DrawingView database = view(recorded("plain"));
+        ASSERT_TRUE(
+            database.insertBlock({u"B", folder.module(u"b.dwg"), {}, scale, std::numbers::pi / 2}).ok());
+        EXPECT_EQ(linesOf(saved(database), "attrib").back()[6], direction);
+    }
+}
+
+TEST_F(DrawingInsert, tablesThatTheTargetLacks_areMadeOrMissed) {
+    const std::string tables = "0\nSECTION\n2\nTABLES\n0\nENDSEC\n";
+    folder.write("b.dwg", early("0\nTEXT\n8\nL\n6\nDASHX\n10\n0\n20\n0\n40\n1\n1\nt\n7\nROMANS\n"));
+    std::string withTables = early("");
+    withTables.insert(withTables.find("0\nSECTION\n2\nENTITIES"), tables);
+    for (const std::string& target : {early(""), withTables}) {
+        DrawingView database = view(target);
+        ASSERT_TRUE(database.insertBlock({u"B", folder.module(u"b.dwg"), {}}).ok());
+        ASSERT_TRUE(database.insertBlock({u"C", folder.module(u"b.dwg"), {}}).ok());
+        const auto report = saved(database);
+        for (const ReportLine& line :
+            {ReportLine{"layer", "L"}, ReportLine{"linetype", "DASHX"}, ReportLine{"style", "ROMANS"}})
+            EXPECT_EQ(std::ranges::count(report, line), 1) << line[1];
+    }
+    std::string later = ryv::test::readBytes(madeDrawings().native("R2000.dwg"));
+    const std::size_t begin = later.find("  0\nTABLE\n  2\nSTYLE\n");
+    ASSERT_NE(begin, std::string::npos);
+    later.erase(begin, later.find("ENDTAB\n", begin) + 7 - begin);
+    const DrawingResult result = view(later).insertBlock({u"B", folder.module(u"b.dwg"), {}});
+    EXPECT_NE(result.problem.find(u"no table of text styles"), CString::npos) << shown(result.problem);
 }
 
 TEST_F(DrawingInsert, intoTheLeastDrawing_makesWhatIsMissing) {

@@ -101,6 +101,7 @@ TEST_F(DrawingRead, references_ofUnusualForm_areUnderstood) {
         {"the mark, and only the end follows", head + end + bare + a + end, ""},
         {"lines of an attribute in a record of their own", head + a + lines + b + end, "A B "},
         {"groups, comments, embedded objects", head + extended + b + end, "C B "},
+        {"a mark of several digits", pairsOf({{0, "INSERT"}, {66, "01"}, {2, "B"}}) + a + end, "A "},
         {"an array", pairsOf({{0, "INSERT"}, {66, "1"}, {2, "b"}, {70, "3"}, {71, "2"}}) + a + end, "A "},
         {"padded, blank behind, CR LF", "  0  \r\nINSERT \r\n 66\r\n     1\r\n  2\r\nB\r\n" + a + end, "A "},
     };
@@ -125,6 +126,18 @@ TEST_F(DrawingRead, position_ofAnExtrudedAttribute_isInTheCoordinatesOfTheSpace)
     EXPECT_EQ(position.x, -3);
     EXPECT_EQ(position.y, 4);
     EXPECT_EQ(position.z, -5);
+}
+
+TEST_F(DrawingRead, blocksNamedNearlyLikeSpaces_areNone) {
+    std::string blocks = pairsOf({{0, "SECTION"}, {2, "BLOCKS"}});
+    for (const char* const name :
+        {"*Model_Space", "*MODEL_SPACE1", "*Paper_Space", "*Paper_Space12", "*Paper_Spaces"})
+        blocks += pairsOf({{0, "BLOCK"}, {2, name}, {0, "INSERT"}, {2, "B"}, {0, "ENDBLK"}});
+    DrawingView database = view(blocks + pairsOf({{0, "ENDSEC"}, {0, "EOF"}}));
+    EXPECT_EQ(database.layoutCount(), 3u);
+    EXPECT_TRUE(database.setSpace(u"*Paper_Space12"));
+    EXPECT_FALSE(database.setSpace(u"*Paper_Spaces"));
+    EXPECT_FALSE(database.setSpace(u"*Model_Space1"));
 }
 
 TEST_F(DrawingRead, byteOrderMark_inFront_isPassedOver) {
