@@ -17,8 +17,8 @@ namespace drafta {
 /// "%%c" and "\P" for example, stays as it is.
 class DrawingText {
 public:
-    /// UTF-8 when `isUtf8` or when the code page says so, else the code page by its name in drawings ("ANSI_1252", without regard to case);
-    /// an unknown or empty name is ANSI_1252.
+    /// UTF-8 when `isUtf8` or when the code page says so, else the code page by its name in drawings
+    /// ("ANSI_1252", without regard to case); an unknown or empty name is ANSI_1252.
     DrawingText(bool isUtf8, std::string_view codePage);
     DrawingText(DrawingText&&) noexcept;
     DrawingText& operator=(DrawingText&&) noexcept;
