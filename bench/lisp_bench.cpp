@@ -19,20 +19,6 @@ using drafta::lisp::Interpreter;
 
 constexpr int runs = 15;
 
-class NoServices final : public drafta::lisp::Services {
-public:
-    void print(ryv::CStringView) override {}
-    ryv::Files& files() override { return files_; }
-    ryv::SystemPaths& paths() override { return paths_; }
-    ryv::CString findFile(ryv::CStringView) override { return {}; }
-    std::optional<ryv::CString> getEnvironment(ryv::CStringView) override { return {}; }
-    void setEnvironment(ryv::CStringView, ryv::CStringView) override {}
-
-private:
-    ryv::NullFiles files_;
-    ryv::NullSystemPaths paths_;
-};
-
 struct Program {
     const char* title;
     const char16_t* definition; // ours
@@ -58,7 +44,7 @@ constexpr Program programs[] = {
 /// The best time in milliseconds; ends the program when the result is not as it should be.
 double ours(const Program& program) {
     using Clock = std::chrono::steady_clock;
-    NoServices services;
+    drafta::lisp::NullServices services;
     Interpreter lisp(services);
     double best = std::numeric_limits<double>::infinity();
     lisp.evaluate(program.definition);

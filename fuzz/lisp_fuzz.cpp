@@ -10,20 +10,6 @@ namespace {
 
 using namespace drafta::lisp;
 
-class NoServices final : public Services {
-public:
-    void print(ryv::CStringView) override {}
-    ryv::Files& files() override { return files_; }
-    ryv::SystemPaths& paths() override { return paths_; }
-    ryv::CString findFile(ryv::CStringView) override { return {}; }
-    std::optional<ryv::CString> getEnvironment(ryv::CStringView) override { return {}; }
-    void setEnvironment(ryv::CStringView, ryv::CStringView) override {}
-
-private:
-    ryv::NullFiles files_;
-    ryv::NullSystemPaths paths_;
-};
-
 constexpr Limits limits{
     .bytes = std::size_t{4} << 20, .callDepth = 300, .steps = 3000, .collectAlways = true};
 
@@ -56,7 +42,7 @@ void printAndReadAgain(Interpreter& lisp, Value value) {
 }
 
 void run(ryv::CStringView text) {
-    NoServices services;
+    NullServices services;
     Interpreter lisp(services, limits);
     const Result result = lisp.evaluate(text, u"input");
     require(result.ok() || !describe(*result.error).empty());

@@ -30,4 +30,19 @@ public:
     virtual void setEnvironment(ryv::CStringView name, ryv::CStringView value) = 0;
 };
 
+/// A host without files and environment, where nobody reads what is printed.
+class NullServices : public Services {
+public:
+    void print(ryv::CStringView) override {}
+    ryv::Files& files() override { return files_; }
+    ryv::SystemPaths& paths() override { return paths_; }
+    ryv::CString findFile(ryv::CStringView) override { return {}; }
+    std::optional<ryv::CString> getEnvironment(ryv::CStringView) override { return {}; }
+    void setEnvironment(ryv::CStringView, ryv::CStringView) override {}
+
+private:
+    ryv::NullFiles files_;
+    ryv::NullSystemPaths paths_;
+};
+
 } // namespace drafta::lisp

@@ -74,17 +74,7 @@ TEST_F(HostTest, pageOfTheHostFunctions_isTrueAndComplete) {
         EXPECT_EQ(line(example.form), example.value) << example.form;
 
     const std::string page = ryv::test::readBytes(documents + "lisp-host.md");
-    class NoServices final : public lisp::Services {
-    public:
-        ryv::NullFiles none;
-        ryv::NullSystemPaths nowhere;
-        void print(CStringView) override {}
-        ryv::Files& files() override { return none; }
-        ryv::SystemPaths& paths() override { return nowhere; }
-        CString findFile(CStringView) override { return {}; }
-        std::optional<CString> getEnvironment(CStringView) override { return std::nullopt; }
-        void setEnvironment(CStringView, CStringView) override {}
-    } services;
+    lisp::NullServices services;
     const lisp::Interpreter plain(services);
     for (const CString& name : host.documents().current()->lisp->interpreter().functions()) {
         if (!plain.isFunction(name)) {
