@@ -2,13 +2,11 @@
 #include "embedded/os/file_error.h"
 #include "embedded/os/native_path.h"
 #include "embedded/os/posix_attributes.h"
+#include "embedded/os/posix_locks.h"
 
-#include <algorithm>
 #include <fcntl.h>
 #include <limits>
-#include <sys/file.h>
 #include <sys/stat.h>
-#include <thread>
 #include <unistd.h>
 
 namespace drafta {
@@ -23,10 +21,7 @@ using ryv::OpenMode;
 
 namespace {
 
-using std::chrono::milliseconds;
-
 constexpr mode_t usualMode = 0666; // the user's mask takes away from it
-constexpr milliseconds longestLockPause{16};
 
 int descriptorOf(FileHandle handle) {
     return static_cast<int>(handle);
@@ -194,20 +189,16 @@ FileStatus PosixFiles::information(FileHandle handle, FileInformation& informati
     return {};
 }
 
-/// Tries without waiting, with growing pauses: a call that waits could not be given up when patience is over.
-FileStatus PosixFiles::lock(FileHandle handle, milliseconds patience) {
-    const auto deadline = std::chrono::steady_clock::now() + patience;
-    for (milliseconds pause{1};; pause = std::min(2 * pause, longestLockPause)) {
-        const int descriptor = descriptorOf(handle);
-        if (uninterrupted([&] { return ::flock(descriptor, LOCK_EX | LOCK_NB); }) == 0)
-            return {};
-        if (errno == EBADF || errno == EINVAL) // some network file systems want the file open for writing
-            return {FileError::unsupported, errno};
-        const auto left = std::chrono::ceil<milliseconds>(deadline - std::chrono::steady_clock::now());
-        if (errno != EWOULDBLOCK || left <= milliseconds(0))
-            return lastFailure();
-        std::this_thread::sleep_for(std::min(pause, left));
-    }
+FileStatus PosixFiles::lock(FileHandle handle, std::chrono::milliseconds patience) {
+    return lockDescriptor(descriptorOf(handle), patience);
+}
+
+FileStatus PosixFiles::markLock(FileHandle handle) {
+    return markDescriptor(descriptorOf(handle));
+}
+
+FileStatus PosixFiles::isLockMarked(FileHandle handle, bool& marked) {
+    return isDescriptorMarked(descriptorOf(handle), marked);
 }
 
 FileStatus PosixFiles::copyAttributes(CStringView from, FileHandle to) {
@@ -235,6 +226,19 @@ FileStatus PosixFiles::createFolder(CStringView path) {
     if (const FileStatus status = mapper_->toNative(path, native); !status.ok())
         return status;
     return outcome(::mkdir(native.c_str(), folderMode));
+}
+
+/// A file system that is mounted read-only refuses whatever the folder's mode says.
+FileStatus PosixFiles::checkFolderWritable(CStringView folder) {
+    std::string native;
+    if (const FileStatus status = mapper_->toNative(folder, native); !status.ok())
+        return status;
+    struct stat status {};
+    if (::stat(native.c_str(), &status) == -1)
+        return lastFailure();
+    if (!S_ISDIR(status.st_mode))
+        return statusOf(ENOTDIR);
+    return outcome(::faccessat(AT_FDCWD, native.c_str(), W_OK | X_OK, AT_EACCESS));
 }
 
 FileStatus PosixFiles::resolve(CStringView path, CString& resolved) {

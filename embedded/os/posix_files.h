@@ -27,11 +27,14 @@ public:
     ryv::FileStatus information(ryv::CStringView path, ryv::FileInformation& information) override;
     ryv::FileStatus information(ryv::FileHandle handle, ryv::FileInformation& information) override;
     ryv::FileStatus lock(ryv::FileHandle handle, std::chrono::milliseconds patience) override;
+    ryv::FileStatus markLock(ryv::FileHandle handle) override;
+    ryv::FileStatus isLockMarked(ryv::FileHandle handle, bool& marked) override;
     ryv::FileStatus copyAttributes(ryv::CStringView from, ryv::FileHandle to) override;
     ryv::FileStatus setReadOnly(ryv::CStringView path, bool readOnly) override;
     /// The mark is the extended attribute "user.hidden".
     ryv::FileStatus setHidden(ryv::CStringView path, bool hidden) override;
     ryv::FileStatus createFolder(ryv::CStringView path) override;
+    ryv::FileStatus checkFolderWritable(ryv::CStringView folder) override;
     ryv::FileStatus resolve(ryv::CStringView path, ryv::CString& resolved) override;
 
 private:

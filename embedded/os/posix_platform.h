@@ -2,9 +2,11 @@
 #pragma once
 
 #include "embedded/os/posix_clock.h"
+#include "embedded/os/posix_environment.h"
 #include "embedded/os/posix_files.h"
 #include "embedded/os/posix_identity.h"
 #include "embedded/os/posix_paths.h"
+#include "embedded/os/posix_unique_ids.h"
 #include "platform/platform.h"
 
 namespace drafta {
@@ -18,6 +20,8 @@ public:
         platform_.os.paths = &paths_;
         platform_.os.identity = &identity_;
         platform_.os.clock = &clock_;
+        platform_.os.environment = &environment_;
+        platform_.os.uniqueIds = &uniqueIds_;
     }
     PosixPlatform(const PosixPlatform&) = delete;
     PosixPlatform& operator=(const PosixPlatform&) = delete;
@@ -33,6 +37,8 @@ private:
     PosixPaths paths_{mapper_};
     PosixIdentity identity_;
     PosixClock clock_;
+    PosixEnvironment environment_;
+    PosixUniqueIds uniqueIds_;
     ryv::Platform platform_;
 };
 

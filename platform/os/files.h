@@ -114,6 +114,14 @@ public:
     /// `unsupported` when the file system has no locks.
     virtual FileStatus lock(FileHandle handle, std::chrono::milliseconds patience) = 0;
 
+    /// Lets others see that the holder of this file's lock means to keep it, until the file is closed. The
+    /// handle holds the lock and is open for writing. `unsupported` where the file system has no such mark.
+    virtual FileStatus markLock(FileHandle handle) = 0;
+
+    /// Whether somebody holds this file's mark through another handle, of this process or another. Takes
+    /// nothing and keeps nobody from taking the lock; the handle may be open for reading only.
+    virtual FileStatus isLockMarked(FileHandle handle, bool& marked) = 0;
+
     /// Gives an open file the mode, owning group and extended attributes of the file at `from`, as far as the
     /// user may.
     virtual FileStatus copyAttributes(CStringView from, FileHandle to) = 0;
@@ -128,6 +136,9 @@ public:
 
     /// Makes a folder in one that exists; `exists` when something has the name.
     virtual FileStatus createFolder(CStringView path) = 0;
+
+    /// Whether the effective user may make and remove files in a folder; a failure says why not.
+    virtual FileStatus checkFolderWritable(CStringView folder) = 0;
 
     /// The path with symbolic links followed and the names as they are spelled on disk; of a missing file,
     /// its folder is resolved and its own name kept.
@@ -149,10 +160,13 @@ public:
     FileStatus information(CStringView, FileInformation&) override;
     FileStatus information(FileHandle, FileInformation&) override;
     FileStatus lock(FileHandle, std::chrono::milliseconds) override;
+    FileStatus markLock(FileHandle) override;
+    FileStatus isLockMarked(FileHandle, bool& marked) override;
     FileStatus copyAttributes(CStringView, FileHandle) override;
     FileStatus setReadOnly(CStringView, bool) override;
     FileStatus setHidden(CStringView, bool) override;
     FileStatus createFolder(CStringView) override;
+    FileStatus checkFolderWritable(CStringView) override;
     FileStatus resolve(CStringView path, CString& resolved) override;
 };
 

@@ -83,6 +83,13 @@ FileStatus NullFiles::information(FileHandle, FileInformation&) {
 FileStatus NullFiles::lock(FileHandle, std::chrono::milliseconds) {
     return noFile;
 }
+FileStatus NullFiles::markLock(FileHandle) {
+    return noFile;
+}
+FileStatus NullFiles::isLockMarked(FileHandle, bool& marked) {
+    marked = false;
+    return noFile;
+}
 FileStatus NullFiles::copyAttributes(CStringView, FileHandle) {
     return noFile;
 }
@@ -93,6 +100,9 @@ FileStatus NullFiles::setHidden(CStringView, bool) {
     return noFile;
 }
 FileStatus NullFiles::createFolder(CStringView) {
+    return noFile;
+}
+FileStatus NullFiles::checkFolderWritable(CStringView) {
     return noFile;
 }
 FileStatus NullFiles::resolve(CStringView path, CString& resolved) {

@@ -188,6 +188,48 @@ TEST_F(PosixFilesTest, lock_isBusyUntilTheOtherHolderCloses) {
     EXPECT_TRUE(files.close(second).ok());
 }
 
+TEST_F(PosixFilesTest, mark_isSeenByOthersOnlyAndWithoutTakingAnything) {
+    folder.write("x", "");
+    const FileHandle holder = opened(u"x", OpenMode::readWrite);
+    const FileHandle reader = opened(u"x", OpenMode::read);
+    bool marked = true;
+    EXPECT_TRUE(files.isLockMarked(reader, marked).ok());
+    EXPECT_FALSE(marked);
+    ASSERT_TRUE(files.lock(holder, milliseconds(0)).ok());
+    EXPECT_TRUE(files.isLockMarked(reader, marked).ok());
+    EXPECT_FALSE(marked) << "a lock alone is no mark";
+    ASSERT_TRUE(files.markLock(holder).ok());
+    for (int again = 0; again < 2; ++again) {
+        EXPECT_TRUE(files.isLockMarked(reader, marked).ok());
+        EXPECT_TRUE(marked);
+    }
+    EXPECT_TRUE(files.isLockMarked(holder, marked).ok());
+    EXPECT_FALSE(marked) << "one's own";
+    EXPECT_EQ(files.markLock(reader).error, FileError::unsupported);
+    EXPECT_TRUE(files.close(holder).ok());
+    EXPECT_TRUE(files.isLockMarked(reader, marked).ok());
+    EXPECT_FALSE(marked);
+    EXPECT_TRUE(files.close(reader).ok());
+}
+
+TEST_F(PosixFilesTest, folder_isWritableForWhoMayMakeFilesInIt) {
+    folder.write("x", "");
+    ASSERT_EQ(::chmod(folder.native().c_str(), 0755), 0);
+    EXPECT_TRUE(files.checkFolderWritable(folder.module()).ok());
+    EXPECT_EQ(files.checkFolderWritable(folder.module(u"x")).error, FileError::notFolder);
+    EXPECT_EQ(files.checkFolderWritable(folder.module(u"y")).error, FileError::missing);
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "needs another user";
+    const pid_t child = ::fork();
+    if (child == 0)
+        ::_exit(::seteuid(65534) == 0 && files.checkFolderWritable(folder.module()).error == FileError::denied
+                    ? 0
+                    : 1);
+    int ended = -1;
+    ::waitpid(child, &ended, 0);
+    EXPECT_EQ(ended, 0);
+}
+
 TEST_F(PosixFilesTest, lock_isHadAsSoonAsAPatientWaiterCan) {
     folder.write("x", "");
     const int other = ::open(folder.native("x").c_str(), O_RDWR | O_CLOEXEC);

@@ -23,10 +23,13 @@ enum class FileCall {
     syncFolder,
     information,
     lock,
+    markLock,
+    isLockMarked,
     copyAttributes,
     setReadOnly,
     setHidden,
     createFolder,
+    checkFolderWritable,
     resolve
 };
 
@@ -114,6 +117,13 @@ public:
     FileStatus lock(FileHandle handle, std::chrono::milliseconds patience) override {
         return pass(FileCall::lock, [&] { return real_->lock(handle, patience); });
     }
+    FileStatus markLock(FileHandle handle) override {
+        return pass(FileCall::markLock, [&] { return real_->markLock(handle); });
+    }
+    FileStatus isLockMarked(FileHandle handle, bool& marked) override {
+        marked = false;
+        return pass(FileCall::isLockMarked, [&] { return real_->isLockMarked(handle, marked); });
+    }
     FileStatus copyAttributes(CStringView from, FileHandle to) override {
         return pass(FileCall::copyAttributes, [&] { return real_->copyAttributes(from, to); });
     }
@@ -125,6 +135,9 @@ public:
     }
     FileStatus createFolder(CStringView path) override {
         return pass(FileCall::createFolder, [&] { return real_->createFolder(path); });
+    }
+    FileStatus checkFolderWritable(CStringView folder) override {
+        return pass(FileCall::checkFolderWritable, [&] { return real_->checkFolderWritable(folder); });
     }
     FileStatus resolve(CStringView path, CString& resolved) override {
         return pass(FileCall::resolve, [&] { return real_->resolve(path, resolved); });

@@ -13,8 +13,8 @@
 namespace ryv::test {
 
 /// Names are found without regard to case. Every folder exists; one that a file lies in is told from a
-/// missing file. Time moves on by one step with each change. Locks are always had; a handle that is not open
-/// throws.
+/// missing file. Time moves on by one step with each change. A lock is the handle's that took it, or busy at
+/// once; a handle that is not open throws.
 class MemoryFiles final : public Files {
 public:
     /// The test's own hands, beside the port.
@@ -96,9 +96,27 @@ public:
     }
     FileStatus sync(FileHandle) override { return {}; }
     FileStatus syncFolder(CStringView) override { return {}; }
-    FileStatus lock(FileHandle, std::chrono::milliseconds) override { return {}; }
+    FileStatus lock(FileHandle handle, std::chrono::milliseconds) override {
+        File& file = *handles_.at(handle).file;
+        if (file.lockedBy != FileHandle::none && file.lockedBy != handle)
+            return {FileError::busy, 0};
+        file.lockedBy = handle;
+        return {};
+    }
+    FileStatus markLock(FileHandle) override { return {}; }
+    FileStatus isLockMarked(FileHandle handle, bool& marked) override {
+        const FileHandle holder = handles_.at(handle).file->lockedBy;
+        marked = holder != FileHandle::none && holder != handle;
+        return {};
+    }
     FileStatus close(FileHandle handle) override {
-        return {handles_.erase(handle) == 1 ? FileError::none : FileError::other, 0};
+        const auto open = handles_.find(handle);
+        if (open == handles_.end())
+            return {FileError::other, 0};
+        if (open->second.file->lockedBy == handle)
+            open->second.file->lockedBy = FileHandle::none;
+        handles_.erase(open);
+        return {};
     }
     FileStatus rename(CStringView from, CStringView to) override {
         const auto file = find(from);
@@ -133,6 +151,7 @@ public:
         return change(path, [&](FileInformation& information) { information.isHidden = hidden; });
     }
     FileStatus createFolder(CStringView) override { return {FileError::exists, 0}; }
+    FileStatus checkFolderWritable(CStringView) override { return {}; }
     FileStatus resolve(CStringView path, CString& resolved) override {
         const auto hit = entries_.find(toUpper(path));
         resolved = hit == entries_.end() ? CString(path) : hit->second.path;
@@ -145,6 +164,7 @@ private:
     struct File {
         std::string bytes;
         FileInformation information;
+        FileHandle lockedBy = FileHandle::none;
     };
     struct Entry {
         CString path; // as spelled
