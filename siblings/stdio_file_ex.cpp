@@ -7,14 +7,23 @@
 
 namespace ryv {
 
+namespace {
+
+OpenMode openModeOf(unsigned flags) {
+    if ((flags & RyvStdioFileEx::modeWrite) == 0)
+        return OpenMode::read;
+    if ((flags & RyvStdioFileEx::modeCreate) == 0)
+        return OpenMode::readWrite;
+    return (flags & RyvStdioFileEx::modeExclusive) != 0 ? OpenMode::createExclusive : OpenMode::openOrCreate;
+}
+
+} // namespace
+
 FileStatus RyvStdioFileEx::Open(CStringView path, unsigned flags) {
     binary_ = (flags & typeBinary) != 0;
-    const bool create = (flags & modeWrite) != 0 && (flags & modeCreate) != 0;
-    const OpenMode mode = create                     ? OpenMode::openOrCreate
-                          : (flags & modeWrite) != 0 ? OpenMode::readWrite
-                                                     : OpenMode::read;
+    const OpenMode mode = openModeOf(flags);
     const FileStatus opened = file_.open(path, mode);
-    if (!opened.ok() || !create || (flags & modeNoTruncate) != 0)
+    if (!opened.ok() || mode != OpenMode::openOrCreate || (flags & modeNoTruncate) != 0)
         return opened;
     const FileStatus emptied = file_.truncate(0);
     if (!emptied.ok())

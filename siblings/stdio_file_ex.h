@@ -15,7 +15,8 @@ public:
         modeWrite = 1,      ///< for reading and writing
         modeCreate = 2,     ///< with modeWrite: made when missing, and emptied unless modeNoTruncate is given
         modeNoTruncate = 4, ///< with modeCreate: what is there stays
-        typeBinary = 8      ///< UTF-16 in place of UTF-8
+        typeBinary = 8,     ///< UTF-16 in place of UTF-8
+        modeExclusive = 16  ///< with modeCreate: fails with `exists` when the file is there
     };
 
     /// `files` outlives the object.

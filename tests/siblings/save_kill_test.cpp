@@ -1,12 +1,10 @@
 // Saves of real processes: killed at random moments, and two at a time on one file.
 #include "tests/siblings/save_fixture.h"
+#include "tests/support/fork.h"
 
-#include <array>
 #include <charconv>
-#include <csignal>
 #include <fcntl.h>
 #include <random>
-#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
@@ -31,51 +29,6 @@ bool isWhole(std::string_view content) {
     unsigned version = 0;
     const auto parsed = std::from_chars(content.data(), content.data() + content.size(), version);
     return parsed.ec == std::errc() && content == versionContent(version);
-}
-
-/// A pipe whose ends close with the object.
-class Pipe {
-public:
-    Pipe() {
-        if (::pipe(ends_.data()) != 0)
-            throw std::runtime_error("no pipe");
-    }
-    Pipe(const Pipe&) = delete;
-    Pipe& operator=(const Pipe&) = delete;
-    ~Pipe() {
-        closeEnd(0);
-        closeEnd(1);
-    }
-    /// Blocks until the other side wrote a byte (true) or is gone (false).
-    bool wait() {
-        char byte = 0;
-        return ::read(ends_[0], &byte, 1) == 1;
-    }
-    void notify() { static_cast<void>(::write(ends_[1], "x", 1) == 1); }
-    void closeEnd(std::size_t end) {
-        if (ends_[end] != -1)
-            ::close(ends_[end]);
-        ends_[end] = -1;
-    }
-    int readEnd() const { return ends_[0]; }
-
-private:
-    std::array<int, 2> ends_{};
-};
-
-/// Runs `body` in a child process, whose exit code is what it returns.
-template <class Body>
-pid_t startChild(Body body) {
-    const pid_t child = ::fork();
-    if (child == 0)
-        ::_exit(body());
-    return child;
-}
-
-int exitCode(pid_t child) {
-    int ended = 0;
-    ::waitpid(child, &ended, 0);
-    return WIFEXITED(ended) ? WEXITSTATUS(ended) : -1;
 }
 
 class SaveKill : public SaveFixture {
