@@ -43,7 +43,8 @@ public:
     virtual bool isRunning() = 0;
 
     /// Adds a file to the watch list; it need not exist, its folder must. Adding it twice counts once.
-    /// Fails as opening the folder would, or with `noSpace` when the system's watches are used up.
+    /// Fails as opening the folder would, or with `noSpace` when the system's watches are used up and the
+    /// service has no other way to follow the file.
     virtual FileStatus watch(CStringView path) = 0;
 
     /// Takes a file off the watch list; false when it was not on it.

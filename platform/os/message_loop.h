@@ -54,8 +54,8 @@ public:
     /// Queues `work` for the main thread. Any thread.
     virtual void call(std::function<void()> work) = 0;
 
-    /// Handles what is pending now, without waiting: messages, calls and expired timers. Anything may have
-    /// changed when it returns.
+    /// Handles what is pending now, without waiting: messages, calls and expired timers, and what their
+    /// handling adds, though not for ever. Anything may have changed when it returns.
     virtual void pump() = 0;
 };
 
