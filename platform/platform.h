@@ -23,6 +23,7 @@
 #include "platform/os/unique_ids.h"
 #include "platform/services/catalog_browser.h"
 #include "platform/services/client_manager.h"
+#include "platform/services/event_log.h"
 #include "platform/services/global_variables.h"
 #include "platform/services/help.h"
 #include "platform/services/lock_check.h"
@@ -68,6 +69,7 @@ struct NullPorts {
     NullWaitCursor waitCursor;
     NullHelp help;
     NullMenuHook menuHook;
+    NullEventLog eventLog;
     NullUserInterface ui;
 };
 } // namespace detail
@@ -120,9 +122,10 @@ public:
         WaitCursor* waitCursor;
         Help* help;
         MenuHook* menuHook;
+        EventLog* eventLog;
     } services{&null_.globalVariables, &null_.userFolders, &null_.settings, &null_.projectDatabase,
         &null_.lockCheck, &null_.taskDialogs, &null_.clientManager, &null_.catalogBrowser, &null_.waitCursor,
-        &null_.help, &null_.menuHook};
+        &null_.help, &null_.menuHook, &null_.eventLog};
 
     UserInterface* ui = &null_.ui;
 };

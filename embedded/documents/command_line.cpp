@@ -91,9 +91,17 @@ void CommandLine::runUntilIdle() {
         if (runOne())
             continue;
         site_->settle();
+        if (!ended_ && runOne())
+            continue;
+        if (!ended_)
+            handleMessages();
         if (ended_ || !runOne())
             return;
     }
+}
+
+void CommandLine::handleMessages() {
+    callHandler([this] { site_->handleMessages(); });
 }
 
 bool CommandLine::runOne() {

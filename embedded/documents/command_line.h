@@ -34,6 +34,9 @@ public:
     /// Nothing waits any more: tells the observers of documents that became quiescent.
     virtual void settle() = 0;
 
+    /// Handles the host's messages that are pending: timers, notices of changed files. May queue more.
+    virtual void handleMessages() = 0;
+
     /// Evaluates an expression; its value in the form that is wanted. False after an error, which has been
     /// printed, and when the value is no answer.
     virtual bool evaluate(ryv::CStringView expression, ValueForm form, ryv::CString& value) = 0;
@@ -76,9 +79,12 @@ public:
     /// True when an expression has begun in the document's input and is not closed.
     bool hasOpenExpression(ryv::DocumentId document) const;
 
-    /// Runs what is queued, and what that queues, until nothing is left that could run. Called from inside a
-    /// command it does nothing.
+    /// Runs what is queued, and what that queues, until nothing is left that could run; then handles the
+    /// pending messages, and runs what these queue. Called from inside a command it does nothing.
     void runUntilIdle();
+
+    /// Handles the pending messages alone. A fault of a handler ends that, and not the host.
+    void handleMessages();
 
     /// Runs a command now, with the words that it will ask for. See ryv::HostCommands::runCommand.
     bool runCommand(const ryv::CStringArray& words);

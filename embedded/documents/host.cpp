@@ -19,9 +19,8 @@ Host::Host(HostOptions options)
               const Document* const document = documents_.current();
               return document && document->isNamed ? ryv::paths::folderOf(document->name) : ryv::CString();
           }),
-      lispHost_{os_.platform(), documents_, commandLine_, editor_,
-          os_.platform().os.paths->fromNative(options_.profileFolder),
-          [this](ryv::CStringView text) { options_.printError(ryv::nameToBytes(text)); },
+      lispHost_{os_.platform(), documents_, commandLine_, editor_, inProfile(""),
+          [this](ryv::CStringView text) { printError(text); },
           [this](const ryv::CString& problem) { return shown(problem); }, {}} {
     // Whoever keeps something there later finds it; when it cannot be made, that is when it is said.
     std::error_code ignored;
@@ -34,6 +33,11 @@ Host::Host(HostOptions options)
 }
 
 Host::~Host() = default;
+
+/// Something in the profile folder, or the folder itself, as module text.
+ryv::CString Host::inProfile(std::string_view name) {
+    return os_.platform().os.paths->fromNative(joinNative(options_.profileFolder, name));
+}
 
 Documents::Parts Host::documentParts() {
     Documents::Parts parts;
@@ -55,9 +59,15 @@ Documents::Parts Host::documentParts() {
     return parts;
 }
 
+MonitorOptions Host::monitorOptions() {
+    MonitorOptions options;
+    options.warn = [this](ryv::CStringView message) { printError(ryv::CString(message) + u"\n"); };
+    return options;
+}
+
 TextTerminal Host::terminal() {
     return {[this](ryv::CStringView text) { print(text); },
-        [this](ryv::CStringView text) { options_.printError(ryv::nameToBytes(text)); },
+        [this](ryv::CStringView text) { printError(text); },
         [this](ryv::CStringView prompt) { return askPerson(prompt); },
         [this](ryv::CStringView path) { return paths().fromNative(ryv::nameToBytes(path)); },
         [this](ryv::CStringView path) { return shownPath(path); },
@@ -77,13 +87,21 @@ void Host::fillPlatform() {
     ports.host.drawings = &drawingsPort_;
     ports.host.editor = &editor_;
     ports.host.profile = this;
+    ports.os.registry = &registry_;
+    ports.os.messages = &loop_;
+    ports.os.monitor = &monitor_;
+    ports.services.taskDialogs = &taskDialogs_;
+    ports.services.settings = &settings_;
+    ports.services.userFolders = &folders_;
+    if (options_.logsEvents)
+        ports.services.eventLog = &eventLog_;
     ports.ui = &userInterface_;
 }
 
 /// What the user has put into the profile is found before what the product brings.
 void Host::defineSearchPath() {
     for (const char* const folder : {"support", "package"})
-        searchPath_.add(paths().fromNative(joinNative(options_.profileFolder, folder)));
+        searchPath_.add(inProfile(folder));
     for (const char* const folder : {"package", "support", "template"})
         searchPath_.add(paths().fromNative(joinNative(options_.productFolder, folder)));
     templateFolder_ = searchPath_.folders().back();
@@ -144,7 +162,7 @@ void Host::warnOfChanges() {
     for (const ryv::DocumentId id : documents_.documents()) {
         const Document* const document = documents_.find(id);
         if (document->drawing->isModified())
-            options_.printError(ryv::nameToBytes(shown(document->name + u": the changes were not saved\n")));
+            printError(shown(document->name + u": the changes were not saved\n"));
     }
 }
 
@@ -176,6 +194,13 @@ void Host::quit() {
 void Host::runLine(ryv::CStringView line) {
     commandLine_.type(line);
     commandLine_.runUntilIdle();
+}
+
+void Host::runPending() {
+    if (questions_ == 0)
+        commandLine_.runUntilIdle();
+    else
+        commandLine_.handleMessages();
 }
 
 ryv::CString Host::prompt() {
@@ -224,7 +249,9 @@ bool Host::callLispCommand(ryv::CStringView name) {
 std::optional<ryv::CString> Host::askPerson(ryv::CStringView prompt) {
     if (!options_.readLine)
         return std::nullopt;
+    ++questions_;
     const std::optional<std::string> line = options_.readLine(ryv::nameToBytes(prompt));
+    --questions_;
     if (!line || commandLine_.isInterrupted())
         return std::nullopt;
     return ryv::decodeUtf8(*line);

@@ -1,14 +1,22 @@
 // The embedded host, put together: documents, command line, LISP, drawings, questions and the ports on them.
 #pragma once
 
+#include "base/encoding.h"
 #include "embedded/documents/command_line.h"
 #include "embedded/documents/documents.h"
 #include "embedded/documents/drawings_port.h"
 #include "embedded/documents/editor.h"
 #include "embedded/documents/lisp_functions.h"
 #include "embedded/documents/lisp_port.h"
+#include "embedded/loop/epoll_message_loop.h"
+#include "embedded/monitor/inotify_monitor.h"
 #include "embedded/os/posix_platform.h"
+#include "embedded/registry/file_registry.h"
+#include "embedded/services/event_log.h"
+#include "embedded/services/profile_folders.h"
+#include "embedded/services/registry_settings.h"
 #include "embedded/services/search_path.h"
+#include "embedded/services/task_dialog_catalogue.h"
 #include "embedded/services/text_user_interface.h"
 
 namespace drafta {
@@ -21,6 +29,7 @@ struct HostOptions {
     std::function<void(std::string_view)> printError; ///< beside it
     /// A line from the person in front of the terminal, without its end; nothing when nobody is there.
     std::function<std::optional<std::string>(std::string_view prompt)> readLine;
+    bool logsEvents = false; ///< what happens to projects goes to printError
 };
 
 class Host final : private CommandLineSite,
@@ -58,6 +67,13 @@ public:
     /// Runs a line as typed on the command line, and what it queues.
     void runLine(ryv::CStringView line);
 
+    /// Does what became due while the person was waited for: timers, notices of changed files, and when no
+    /// question stands the commands that these queue.
+    void runPending();
+
+    /// Readable when there is something for runPending() to do.
+    int pendingDescriptor() const noexcept { return loop_.descriptor(); }
+
     /// What the next line is asked for with: the command prompt, or the one for the rest of an expression.
     ryv::CString prompt();
 
@@ -73,6 +89,9 @@ public:
 private:
     Documents::Parts documentParts();
     TextTerminal terminal();
+    MonitorOptions monitorOptions();
+    ryv::CString inProfile(std::string_view name);
+    void printError(ryv::CStringView text) { options_.printError(ryv::nameToBytes(text)); }
     void fillPlatform();
     void defineSearchPath();
     void defineVariables();
@@ -106,6 +125,7 @@ private:
         documents_.lockModeChanged(document, command);
     }
     void settle() override { documents_.settle(); }
+    void handleMessages() override { loop_.pump(); }
     bool evaluate(ryv::CStringView expression, ValueForm form, ryv::CString& value) override;
     ryv::CString shownPath(ryv::CStringView path) override;
     bool callLispCommand(ryv::CStringView name) override;
@@ -135,6 +155,14 @@ private:
 
     HostOptions options_;
     PosixPlatform os_;
+    EpollMessageLoop loop_;
+    InotifyMonitor monitor_{loop_, *os_.platform().os.files, os_.mapper(), monitorOptions()};
+    FileRegistry registry_{*os_.platform().os.files, inProfile("registry.txt")};
+    RegistrySettings settings_{registry_, u"Software\\drafta\\Package"};
+    ProfileFolders folders_{settings_, inProfile("")};
+    TaskDialogCatalogue taskDialogs_;
+    PrintedEventLog eventLog_{[this](ryv::CStringView text) { printError(text); },
+        [this](ryv::CStringView path) { return shownPath(path); }};
     CommandLine commandLine_{*this};
     Documents documents_{documentParts()};
     LispPort lispPort_{documents_};
@@ -146,6 +174,7 @@ private:
     ryv::CString templateFolder_;
     std::map<ryv::CString, ryv::CString> environment_;
     LispAtWork lispAtWork_;
+    int questions_ = 0; // that the person is to answer now
     bool hasQuit_ = false;
 };
 

@@ -241,8 +241,19 @@ bool TextUserInterface::askForm(ryv::FormRequest& request) {
         else
             terminal_.print(u"\nThat is none of the choices.\n");
     }
+    if (!filled.confirm.empty() && !isConfirmed(filled))
+        return false;
     request = std::move(filled);
     return true;
+}
+
+/// A form whose buttons say what they do is more than its fields: it asks whether to go on.
+bool TextUserInterface::isConfirmed(const ryv::FormRequest& request) {
+    const std::optional<ryv::CString> line =
+        terminal_.ask(ryv::format(u"1 %s, 2 %s <1>: ", {request.confirm, request.cancel}));
+    if (!line)
+        unanswered(u"form", request.name);
+    return line && (line->empty() || *line == u"1");
 }
 
 } // namespace drafta

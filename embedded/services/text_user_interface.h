@@ -45,6 +45,7 @@ private:
     bool acceptFile(const ryv::FileRequest& request, ryv::CString& path);
     bool answerForm(ryv::FormRequest& request, ryv::CStringView line);
     bool askForm(ryv::FormRequest& request);
+    bool isConfirmed(const ryv::FormRequest& request);
     bool accept(ryv::FormField& field, const ryv::CStringArray& values);
     bool accept(ryv::FormRequest& request, ryv::CStringView name, const ryv::CStringArray& values);
 

@@ -40,7 +40,7 @@ public:
 };
 
 /// No project has a database.
-class NullProjectDatabase final : public ProjectDatabase {
+class NullProjectDatabase : public ProjectDatabase {
 public:
     bool PmGetProjectDb(CStringView, CString&) override { return false; }
     bool query(const DatabaseQuery& query, CStringArray&, CString& problem) override {

@@ -75,6 +75,8 @@ struct FormRequest {
     CString name; ///< by which scripts answer it
     CString title;
     std::vector<FormField> fields;
+    CString confirm; ///< what the two buttons say; empty: the usual texts
+    CString cancel;
 };
 
 /// A progress display, on screen until it is let go.

@@ -1,92 +1,165 @@
 #include "programs/drafta/line_editor.h"
 
+#include "programs/drafta/history_file.h"
+#include "programs/drafta/piped_lines.h"
+
 #include <histedit.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <clocale>
 #include <cstdio>
-#include <filesystem>
-#include <iostream>
+#include <cwchar>
 
 namespace drafta {
 
-struct LineEditor::Terminal {
-    EditLine* line = nullptr;
-    History* history = nullptr;
-    HistEvent event{};
-    std::string historyFile;
-    std::string prompt;
+/// The editing library knows nothing of other work. When there is some, its reading is broken off, the line
+/// so far put aside, the work done, and reading begun again with that line: so the work may print and ask.
+class LineEditor::Terminal {
+public:
+    explicit Terminal(std::string historyFile);
+    Terminal(const Terminal&) = delete;
+    Terminal& operator=(const Terminal&) = delete;
+    ~Terminal() { el_end(line_); }
+
+    std::optional<std::string> read(std::string_view prompt, const BackgroundWork& work);
+
+private:
+    /// A line that is being typed.
+    struct Draft {
+        std::string prompt;
+        int work = -1;
+        std::string text;
+        int cursor = 0; // in characters from the end, at or below 0
+        bool isShown = true;
+        Wake wake = Wake::input;
+    };
+    static Terminal& of(EditLine* line);
+    static char* currentPrompt(EditLine* line);
+    static int readCharacter(EditLine* line, wchar_t* character);
+    int nextCharacter(wchar_t& character);
+    void putAside();
+    void showAgain();
+
+    HistoryFile history_;
+    EditLine* line_;
+    Draft draft_;
+    std::string noPrompt_;
 };
 
-namespace {
-
-constexpr int historyLines = 1000;
-
-char* currentPrompt(EditLine* line) {
-    std::string* prompt = nullptr;
-    el_get(line, EL_CLIENTDATA, &prompt);
-    return prompt->data();
+LineEditor::Terminal::Terminal(std::string historyFile) : history_(std::move(historyFile)) {
+    std::setlocale(LC_CTYPE, "C.UTF-8"); // for the editing library; nothing else here asks for a locale
+    line_ = el_init("drafta", stdin, stdout, stderr);
+    el_set(line_, EL_CLIENTDATA, this);
+    el_set(line_, EL_PROMPT, currentPrompt);
+    el_set(line_, EL_EDITOR, "emacs");
+    el_set(line_, EL_HIST, history, history_.lines());
+    el_set(line_, EL_GETCFN, readCharacter);
+    el_source(line_, nullptr);
 }
 
-} // namespace
+LineEditor::Terminal& LineEditor::Terminal::of(EditLine* line) {
+    Terminal* terminal = nullptr;
+    el_get(line, EL_CLIENTDATA, &terminal);
+    return *terminal;
+}
+
+char* LineEditor::Terminal::currentPrompt(EditLine* line) {
+    Terminal& own = of(line);
+    return own.draft_.isShown ? own.draft_.prompt.data() : own.noPrompt_.data();
+}
+
+int LineEditor::Terminal::readCharacter(EditLine* line, wchar_t* character) {
+    *character = L'\0';
+    return of(line).nextCharacter(*character);
+}
+
+/// 1 with a character, 0 at the end of input, -1 when the reading is to be broken off.
+int LineEditor::Terminal::nextCharacter(wchar_t& character) {
+    if (!draft_.isShown)
+        showAgain();
+    for (std::mbstate_t state{};;) {
+        draft_.wake = waitForInput(STDIN_FILENO, draft_.work);
+        if (draft_.wake != Wake::input) {
+            if (draft_.wake == Wake::work)
+                putAside();
+            return -1;
+        }
+        char byte = 0;
+        const ssize_t count = ::read(STDIN_FILENO, &byte, 1);
+        if (count <= 0)
+            return count == 0 ? 0 : -1;
+        const std::size_t length = std::mbrtowc(&character, &byte, 1, &state);
+        if (length == static_cast<std::size_t>(-1))
+            state = {}; // a byte that belongs to no character is dropped
+        else if (length != static_cast<std::size_t>(-2))
+            return 1;
+    }
+}
+
+/// Takes the line from the screen; of one that goes over several rows the last is taken.
+void LineEditor::Terminal::putAside() {
+    const LineInfo* const info = el_line(line_);
+    draft_.text.assign(info->buffer, info->lastchar);
+    draft_.cursor = 0;
+    for (const char* at = info->cursor; at != info->lastchar; ++at)
+        draft_.cursor -= (static_cast<unsigned char>(*at) & 0xC0) != 0x80;
+    draft_.isShown = false;
+    const char* clear = nullptr;
+    char name[] = "ce";
+    el_get(line_, EL_GETTC, name, &clear);
+    std::printf("\r%s", clear ? clear : "");
+    std::fflush(stdout);
+}
+
+void LineEditor::Terminal::showAgain() {
+    draft_.isShown = true;
+    el_insertstr(line_, draft_.text.c_str());
+    el_cursor(line_, draft_.cursor);
+    el_set(line_, EL_REFRESH);
+}
+
+std::optional<std::string> LineEditor::Terminal::read(std::string_view prompt, const BackgroundWork& work) {
+    draft_ = {};
+    draft_.prompt = prompt;
+    draft_.work = work.descriptor;
+    for (;;) {
+        int count = 0;
+        draft_.wake = Wake::input;
+        const char* const got = el_gets(line_, &count);
+        if (draft_.wake == Wake::work) {
+            Draft own = std::move(draft_); // the work may read lines of its own
+            if (!work.run())
+                return std::nullopt;
+            draft_ = std::move(own);
+            continue;
+        }
+        if (draft_.wake == Wake::interrupted) {
+            std::puts("");
+            return std::string();
+        }
+        if (!got || count <= 0)
+            return std::nullopt;
+        std::string line(got, static_cast<std::size_t>(count));
+        while (!line.empty() && (line.back() == '\n' || line.back() == '\r'))
+            line.pop_back();
+        if (!line.empty())
+            history_.add(line);
+        return line;
+    }
+}
 
 LineEditor::LineEditor(std::string historyFile) {
-    if (isatty(STDIN_FILENO) != 1)
-        return;
-    terminal_ = std::make_unique<Terminal>();
-    Terminal& own = *terminal_;
-    own.historyFile = std::move(historyFile);
-    own.line = el_init("drafta", stdin, stdout, stderr);
-    own.history = history_init();
-    history(own.history, &own.event, H_SETSIZE, historyLines);
-    history(own.history, &own.event, H_SETUNIQUE, 1);
-    history(own.history, &own.event, H_LOAD, own.historyFile.c_str());
-    el_set(own.line, EL_CLIENTDATA, &own.prompt);
-    el_set(own.line, EL_PROMPT, currentPrompt);
-    el_set(own.line, EL_EDITOR, "emacs");
-    el_set(own.line, EL_HIST, history, own.history);
-    el_source(own.line, nullptr);
+    if (isatty(STDIN_FILENO) == 1)
+        terminal_ = std::make_unique<Terminal>(std::move(historyFile));
+    else
+        piped_ = std::make_unique<PipedLines>(STDIN_FILENO);
 }
 
-LineEditor::~LineEditor() {
-    if (!terminal_)
-        return;
-    std::error_code ignored; // a history that cannot be kept is no reason to complain at the end
-    std::filesystem::create_directories(std::filesystem::path(terminal_->historyFile).parent_path(), ignored);
-    history(terminal_->history, &terminal_->event, H_SAVE, terminal_->historyFile.c_str());
-    history_end(terminal_->history);
-    el_end(terminal_->line);
-}
+LineEditor::~LineEditor() = default;
 
 std::optional<std::string> LineEditor::read(std::string_view prompt) {
-    if (!terminal_) {
-        std::string line;
-        errno = 0;
-        if (std::getline(std::cin, line) || !line.empty())
-            return line;
-        if (errno != EINTR)
-            return std::nullopt;
-        std::clearerr(stdin); // the break key, not the end
-        std::cin.clear();
-        return std::string();
-    }
-    Terminal& own = *terminal_;
-    own.prompt = prompt;
-    int count = 0;
-    errno = 0;
-    const char* const got = el_gets(own.line, &count);
-    if (!got || count <= 0) {
-        if (errno != EINTR)
-            return std::nullopt;
-        std::puts("");
-        return std::string();
-    }
-    std::string line(got, static_cast<std::size_t>(count));
-    while (!line.empty() && (line.back() == '\n' || line.back() == '\r'))
-        line.pop_back();
-    if (!line.empty())
-        history(own.history, &own.event, H_ENTER, line.c_str());
-    return line;
+    return terminal_ ? terminal_->read(prompt, work_) : piped_->read(work_);
 }
 
 } // namespace drafta

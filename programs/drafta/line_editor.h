@@ -1,12 +1,16 @@
 // Lines from the person in front of a terminal, with editing and a history; or from a pipe.
 #pragma once
 
+#include "programs/drafta/background_work.h"
+
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 namespace drafta {
+
+class PipedLines;
 
 class LineEditor {
 public:
@@ -17,16 +21,22 @@ public:
     LineEditor& operator=(const LineEditor&) = delete;
     ~LineEditor();
 
-    /// The next line without its end; nothing at the end of input. When the break key ends it, the line is
-    /// empty.
+    /// What is done from now on while a line is waited for. It may print and read lines itself: what has been
+    /// typed of the line is taken from the screen meanwhile.
+    void setWork(BackgroundWork work) { work_ = std::move(work); }
+
+    /// The next line without its end; nothing at the end of input, or when the work that came meanwhile wants
+    /// no more. When the break key ends it, the line is empty.
     std::optional<std::string> read(std::string_view prompt);
 
     /// True when a person is at the other end.
     bool isInteractive() const noexcept { return terminal_ != nullptr; }
 
 private:
-    struct Terminal;
+    class Terminal;
+    BackgroundWork work_;
     std::unique_ptr<Terminal> terminal_;
+    std::unique_ptr<PipedLines> piped_;
 };
 
 } // namespace drafta

@@ -9,11 +9,11 @@ namespace drafta {
 
 namespace {
 
-constexpr std::array<option, 9> known = {
-    {{"console", no_argument, nullptr, 'c'}, {"batch", required_argument, nullptr, 'b'},
-        {"answers", required_argument, nullptr, 'a'}, {"profile", required_argument, nullptr, 'p'},
-        {"drive", required_argument, nullptr, 'd'}, {"help", no_argument, nullptr, 'h'},
-        {"version", no_argument, nullptr, 'v'}, {nullptr, 0, nullptr, 0}, {nullptr, 0, nullptr, 0}}};
+constexpr std::array<option, 9> known = {{{"console", no_argument, nullptr, 'c'},
+    {"batch", required_argument, nullptr, 'b'}, {"answers", required_argument, nullptr, 'a'},
+    {"profile", required_argument, nullptr, 'p'}, {"drive", required_argument, nullptr, 'd'},
+    {"log-events", no_argument, nullptr, 'l'}, {"help", no_argument, nullptr, 'h'},
+    {"version", no_argument, nullptr, 'v'}, {nullptr, 0, nullptr, 0}}};
 
 std::string variable(const char* name) {
     const char* const value = std::getenv(name);
@@ -61,6 +61,9 @@ bool take(int letter, Options& options, std::string& problem) {
         return true;
     case 'p':
         options.profileFolder = optarg;
+        return true;
+    case 'l':
+        options.logsEvents = true;
         return true;
     case 'd':
         if (takeDrive(optarg, options))
@@ -112,6 +115,7 @@ The embedded host of the project manager: documents, drawings, commands and LISP
   --answers FILE   what questions and forms answer
   --profile DIR    the folder of the user's settings, instead of $XDG_CONFIG_HOME/drafta
   --drive X=DIR    lets a drive letter stand for a folder; may be repeated
+  --log-events     what happens to projects, one line an event on standard error
   --help           this text
   --version        the version
 

@@ -13,6 +13,7 @@ struct Options {
     std::string batchFile;
     std::string answersFile;
     std::string profileFolder;
+    bool logsEvents = false;
     std::vector<std::pair<char, std::string>> drives;
     std::vector<std::string> files; ///< drawings and projects to begin with
 };

@@ -136,7 +136,9 @@ int runConsole(Host& host, Screen& screen, LineEditor& lines, const Options& opt
         screen.beginLine();
         const std::optional<std::string> line = lines.read(ryv::nameToBytes(host.prompt()));
         screen.typed();
-        if (line) {
+        if (host.hasQuit()) {
+            break;
+        } else if (line) {
             host.runLine(ryv::decodeUtf8(*line));
         } else if (lines.isInteractive() && !asked) {
             host.quit(); // once: whoever ends the input again means it
@@ -175,6 +177,7 @@ int run(int argc, char** argv) {
     hostOptions.productFolder = productFolder();
     hostOptions.print = [&](std::string_view text) { screen.print(text); };
     hostOptions.printError = [](std::string_view text) { std::fwrite(text.data(), 1, text.size(), stderr); };
+    hostOptions.logsEvents = options.logsEvents;
     if (isConsole)
         hostOptions.readLine = [&](std::string_view prompt) {
             screen.beginLine();
@@ -191,6 +194,12 @@ int run(int argc, char** argv) {
     if (!options.answersFile.empty() && !takeAnswers(host, options.answersFile, problem))
         return complain(problem);
     std::signal(SIGXFSZ, SIG_IGN); // a limit on file sizes is a failure to write, to be reported like others
+    if (lines)
+        lines->setWork({host.pendingDescriptor(), [&] {
+                            host.runPending();
+                            screen.beginLine();
+                            return !host.hasQuit();
+                        }});
     interruptible = &host;
     struct sigaction action {};
     action.sa_handler = onInterrupt; // without SA_RESTART, so that waiting for a line ends as well

@@ -206,7 +206,8 @@ TEST(ScriptedUserInterface, answers_goToTheirQuestionsAndRunOut) {
     file.title = 138;
     EXPECT_EQ(ui.chooseFiles(file), std::vector<CString>{u"C:\\a.dwg"});
     FormRequest form{u"form", {},
-        {{FormField::Kind::text, u"a", {}, {}, {u"old"}}, {FormField::Kind::text, u"b", {}, {}, {u"kept"}}}};
+        {{FormField::Kind::text, u"a", {}, {}, {u"old"}}, {FormField::Kind::text, u"b", {}, {}, {u"kept"}}},
+        {}, {}};
     EXPECT_TRUE(ui.fillForm(form));
     EXPECT_EQ(form.fields[0].values, CStringArray{u"new"});
     EXPECT_EQ(form.fields[1].values, CStringArray{u"kept"});

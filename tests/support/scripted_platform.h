@@ -60,6 +60,7 @@ public:
     ScriptedWaitCursor waitCursor;
     ScriptedHelp help;
     ScriptedMenuHook menuHook;
+    ScriptedEventLog eventLog;
 
     ScriptedUserInterface ui;
 
@@ -88,7 +89,7 @@ private:
     }
     void installServices() {
         ports.services = {&variables, &userFolders, &settings, &projectDatabase, &lockCheck, &taskDialogs,
-            &clientManager, &catalogBrowser, &waitCursor, &help, &menuHook};
+            &clientManager, &catalogBrowser, &waitCursor, &help, &menuHook, &eventLog};
     }
 };
 

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "platform/services/catalog_browser.h"
 #include "platform/services/client_manager.h"
+#include "platform/services/event_log.h"
 #include "platform/services/global_variables.h"
 #include "platform/services/help.h"
 #include "platform/services/lock_check.h"
@@ -203,6 +204,16 @@ class ScriptedMenuHook final : public MenuHook {
 public:
     bool exists = false;
     void remove() override { exists = false; }
+};
+
+class ScriptedEventLog final : public EventLog {
+public:
+    CStringArray lines; ///< what was noted: "onProjectOpen C:\P\A.kqp"
+    void log(CStringView event, const CStringArray& details) override {
+        CString& line = lines.emplace_back(event);
+        for (const CString& detail : details)
+            line += u' ' + detail;
+    }
 };
 
 } // namespace ryv::test

@@ -68,6 +68,9 @@ TEST_F(DraftaProgramTest, batch_printsWhatLispPrintsAndTellsOfErrors) {
     EXPECT_EQ(result.exitCode, 1);
     EXPECT_NE(result.out.find(folder.native("b.lsp") + ":2: "), std::string::npos) << result.out;
     EXPECT_EQ(result.out.find("not reached"), std::string::npos);
+    result = run({"--batch", "a.lsp", "--log-events"});
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.error, "") << "nothing has happened to a project";
     folder.write("c.lsp", "(princ (file-exists \"Q:\\\\a.lsp\"))(send-string \"(princ 'later)\\n\")");
     EXPECT_EQ(run({"--batch", "c.lsp", "--drive", "q=" + folder.native()}).out, "TLATER\n");
 }

@@ -39,7 +39,8 @@ protected:
             {{FormField::Kind::text, u"name", u"Name", {}, {u"proposed"}},
                 {FormField::Kind::choice, u"kind", u"Kind", {u"Ä", u"two"}, {u"two"}},
                 {FormField::Kind::list, u"order", u"Order", {u"1", u"2", u"3"}, {}},
-                {FormField::Kind::check, u"on", u"On", {}, {u"0"}}}};
+                {FormField::Kind::check, u"on", u"On", {}, {u"0"}}},
+            u"", u""};
     }
 };
 

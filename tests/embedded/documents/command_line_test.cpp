@@ -38,6 +38,11 @@ public:
         if (onSettle)
             std::exchange(onSettle, nullptr)();
     }
+    std::function<void()> onMessages;
+    void handleMessages() override {
+        if (onMessages)
+            std::exchange(onMessages, nullptr)();
+    }
     bool evaluate(CStringView expression, ValueForm form, CString& value) override {
         note(u"eval " + CString(expression));
         value = form == ValueForm::none ? CString() : lisp ? lisp(expression).value_or(CString()) : u"nil";
@@ -208,6 +213,10 @@ TEST_F(CommandLineTest, workAndWhatSettlingQueues_runBeforeIdleIsReached) {
     line.sendWork([this] { site.note(u"work"); });
     EXPECT_EQ(logOf(u"clear\r"), (Log{"work", "run clear", "clear inside 1", "run plain"}));
     bool ran = false;
+    site.onMessages = [this] { line.send(DocumentId(1), u"plain\r", {}); };
+    EXPECT_EQ(logOf(u"clear\r"), (Log{"run clear", "clear inside 1", "run plain"}));
+    site.onMessages = [] { throw 5; };
+    EXPECT_EQ(logOf(u"plain\r"), (Log{"run plain", "> failed"}));
     command(u"nested", 0, [&] {
         line.sendWork([&] { ran = true; });
         line.runUntilIdle();

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <thread>
 
 namespace drafta {
@@ -276,6 +277,92 @@ TEST_F(HostTest, saveAs_replacesNothingUnasked) {
     folder.write("own.dwg", "changed outside");
     EXPECT_NE(line("saveas " + own).find("changed outside"), std::string::npos);
     EXPECT_EQ(folder.read("own.dwg"), "changed outside");
+}
+
+TEST_F(HostTest, settings_lieInTheProfile) {
+    const ryv::Platform& ports = host.platform();
+    EXPECT_EQ(ports.services.userFolders->GblPm_GetDefaultKqUserValue(), module("profile") + u"\\");
+    EXPECT_EQ(ports.services.userFolders->GetUserDirectory(), u"");
+    EXPECT_TRUE(ports.services.settings->RyvSetRegSetting(u"Folders", u"UserDirectory", u"C:\\Data"));
+    const CString settings = ports.host.profile->profileKey() + u"\\Settings";
+    EXPECT_EQ(ports.os.registry->createKey(settings), ryv::RegistryStatus::ok);
+    EXPECT_EQ(ports.os.registry->writeInteger(settings, u"Visibility", 1), ryv::RegistryStatus::ok);
+
+    Host next{{folder.native("profile"), product, {}, [this](std::string_view text) { errors += text; },
+        nullptr, true}};
+    std::uint32_t visibility = 0;
+    CString value;
+    EXPECT_EQ(next.platform().services.userFolders->GetUserDirectory(), u"C:\\Data\\");
+    EXPECT_TRUE(next.platform().services.settings->RyvGetRegSetting(u"folders", u"userdirectory", value));
+    EXPECT_FALSE(next.platform().services.settings->RyvGetRegSetting(u"", u"UserDirectory", value));
+    EXPECT_EQ(value, u"C:\\Data");
+    EXPECT_EQ(next.platform().os.registry->readInteger(settings, u"visibility", visibility),
+        ryv::RegistryStatus::ok);
+    EXPECT_EQ(visibility, 1u);
+
+    ports.services.eventLog->log(u"onProjectOpen", {u"\\silent.kqp"});
+    next.platform().services.eventLog->log(u"onProjectOpen", {u"\\a\nb\x1B.kqp", u"Q:\\c.kqp", u"on"});
+    EXPECT_EQ(errors, "onProjectOpen\t/a?b?.kqp\tQ:\\c.kqp\ton\n")
+        << "only where it was asked for, on one line";
+}
+
+TEST_F(HostTest, messages_areHandledBeforeThePersonsTurnAndWhileItLasts) {
+    ryv::HostDocuments& port = host.documents();
+    const auto later = [&](CStringView text) {
+        host.platform().os.messages->call([&port, text] {
+            port.sendStringToExecute(port.currentDocument(), text, {true, false, false});
+        });
+    };
+    later(u"(print 'first)\r");
+    EXPECT_EQ(line("(princ 1)"), "1\n1\nFIRST ");
+    later(u"(print 'second)\r");
+    pollfd pending{host.pendingDescriptor(), POLLIN, 0};
+    EXPECT_EQ(::poll(&pending, 1, 0), 1);
+    printed.clear();
+    host.runPending();
+    EXPECT_EQ(printed, "\nSECOND ");
+    EXPECT_EQ(::poll(&pending, 1, 0), 0);
+}
+
+TEST_F(HostTest, changeOfAWatchedFile_isToldWhileThePersonIsWaitedFor) {
+    struct Receiver final : ryv::FileMonitorReceiver {
+        CString changed;
+        void fileChanged(CStringView path, ryv::FileChange) override { changed = path; }
+        void fileRenamed(CStringView, CStringView) override {}
+    } receiver;
+    ryv::FileMonitor& monitor = *host.platform().os.monitor;
+    folder.write("p.kqp", "a");
+    ASSERT_TRUE(monitor.start(receiver).ok() && monitor.watch(module("p.kqp")).ok());
+    line("(princ)");
+    folder.write("p.kqp", "ab");
+    pollfd pending{host.pendingDescriptor(), POLLIN, 0};
+    for (int left = 10; left != 0 && receiver.changed.empty() && ::poll(&pending, 1, 10'000) == 1; --left)
+        host.runPending();
+    EXPECT_EQ(receiver.changed, module("p.kqp"));
+    monitor.stop();
+}
+
+TEST_F(HostTest, questionThatStands_letsMessagesInButNoCommands) {
+    std::vector<std::string> log;
+    std::unique_ptr<Host> asking;
+    asking = std::make_unique<Host>(HostOptions{folder.native("profile"), product,
+        [&](std::string_view text) { log.emplace_back(text); }, [](std::string_view) {},
+        [&](std::string_view) -> std::optional<std::string> {
+            asking->platform().os.messages->call([&] { log.emplace_back("message"); });
+            asking->documents().executeInApplicationContext([&] { log.emplace_back("work"); });
+            asking->runPending();
+            log.emplace_back("answer");
+            return "yes";
+        }});
+    asking->newDocument();
+    asking->platform().os.messages->call([&] {
+        asking->platform().ui->messageBox({1, {}, {}, {}, ryv::MessageButtons::yesNo});
+    });
+    asking->runPending();
+    const auto at = [&](const char* text) { return std::find(log.begin(), log.end(), text) - log.begin(); };
+    EXPECT_LT(at("message"), at("answer"));
+    EXPECT_LT(at("answer"), at("work"));
+    EXPECT_LT(at("work"), std::ssize(log));
 }
 
 TEST_F(HostTest, zipWrite_refusesItselfAndNothing) {
