@@ -12,6 +12,8 @@ namespace ryv {
 
 /// Texts addressed by an index from 0 to 76. The record does not interpret them. An absent value and a
 /// present empty one are different states.
+class RyvPrmProject;
+
 class RyvCfgDrawingSettings {
 public:
     enum class Status {
@@ -85,8 +87,10 @@ public:
     /// Fixed defaults, then those that depend on the project's miscellaneous settings.
     void fillWithDefaults(const RyvPmMiscProjSettings& misc);
 
-    /// Fixed defaults, then those for a drawing without a project.
-    void fillWithDefaults();
+    /// Fixed defaults, then those that depend on the miscellaneous settings of `project`, then its default
+    /// settings, as far as it has them. `useActiveProject`: null stands for the active project. Without a
+    /// project, those for a drawing outside of projects.
+    void fillWithDefaults(const RyvPrmProject* project, bool useActiveProject);
 
 protected:
     void fillHCDefaults();

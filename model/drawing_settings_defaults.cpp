@@ -4,6 +4,8 @@
 #include "bridge/settings_calls.h"
 #include "model/drawing_settings.h"
 #include "model/drawing_settings_table.h"
+#include "model/open_projects.h"
+#include "model/project.h"
 
 namespace ryv {
 
@@ -26,9 +28,19 @@ void RyvCfgDrawingSettings::fillWithDefaults(const RyvPmMiscProjSettings& misc) 
     fillDependantDefaultsUsingDependancy(misc);
 }
 
-void RyvCfgDrawingSettings::fillWithDefaults() {
-    fillHCDefaults();
-    fillDependantDefaultsUsingHCD();
+void RyvCfgDrawingSettings::fillWithDefaults(const RyvPrmProject* project, bool useActiveProject) {
+    if (!project && useActiveProject)
+        project = activeProject();
+    if (!project) {
+        fillHCDefaults();
+        fillDependantDefaultsUsingHCD();
+        return;
+    }
+    // Copies: LISP is asked for some of the defaults and may close the project meanwhile.
+    const RyvPmMiscProjSettings misc = project->getProjectData().getMiscProjSettings();
+    const RyvCfgDrawingSettings ofProject = project->getProjectData().getProjDefKQMVals();
+    fillWithDefaults(misc);
+    *this = ofProject;
 }
 
 void RyvCfgDrawingSettings::fillHCDefaults() {

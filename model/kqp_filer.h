@@ -27,7 +27,10 @@ public:
     /// project read into a second RyvPrmProjectData and swap.
     bool readProject(RyvPrmProjectData& data);
 
-    /// The steps of readProject, from the raw sections of the last read. Each returns true.
+    /// The second half of it: makes `data` what the raw sections of the last read say. True.
+    bool fillFromSections(RyvPrmProjectData& data);
+
+    /// The steps of that. Each returns true.
     bool initFileDetails(RyvPrmProjectData& data);
     bool initCfgDrawingSettings(RyvPrmProjectData& data);
     bool initProjDescriptionLines(RyvPrmProjectData& data);

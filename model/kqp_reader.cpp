@@ -27,6 +27,10 @@ RyvPrmKQPFiler::~RyvPrmKQPFiler() = default;
 bool RyvPrmKQPFiler::readProject(RyvPrmProjectData& data) {
     // A failed read is known from the last error only; it leaves no sections, and so an empty project.
     readProject();
+    return fillFromSections(data);
+}
+
+bool RyvPrmKQPFiler::fillFromSections(RyvPrmProjectData& data) {
     data.removeAllFiles();
     initFileDetails(data);
     RyvPmMiscProjSettings misc;

@@ -6,6 +6,7 @@
 #include "bridge/lisp.h"
 #include "bridge/platform.h"
 #include "bridge/settings_calls.h"
+#include "resources/message_numbers.h"
 #include "resources/messages.h"
 #include "siblings/stdio_file_ex.h"
 
@@ -19,8 +20,6 @@ namespace {
 constexpr CStringView modelSpace = u"*Model_Space";
 constexpr CStringView wireFormatTag = u"WIREFMT";
 constexpr double attributeSpacing = 1.5; // drawing units
-constexpr int cannotInsertText = 268;
-constexpr int cannotInsertCaption = 269;
 
 constexpr std::array<CStringView, 16> ladderBlocks{u"KQ_MLRH", u"KQ_MLRHX", u"KQ_MLRH1", u"KQ_MLRH2",
     u"KQ_MLRH6", u"KQ_MLRH7", u"KQ_MLRH8", u"KQ_MLRH9", u"KQ_MLRV", u"KQ_MLRVX", u"KQ_MLRV1", u"KQ_MLRV2",
@@ -53,10 +52,6 @@ bool findTag(RyvDbxBlockRef& accessor, int index, CString& tag) {
     tag = tagOf(index);
     return accessor.hasAttribute(tag) ||
            (RyvCfgDrawingSettings::getKQ_MAltTagForIndex(index, tag) && accessor.hasAttribute(tag));
-}
-
-void fillWithDrawingDefaults(RyvCfgDrawingSettings& settings) {
-    settings.fillWithDefaults();
 }
 
 /// The first attribute of a reference without any cannot stand below another one: no tag is handed over, and
@@ -99,9 +94,9 @@ bool insertSettingsBlock(RyvDbxBlockRef& accessor, CStringView file) {
 
 void showCannotInsert() {
     MessageBoxRequest request;
-    request.message = cannotInsertText;
-    request.text = messageText(cannotInsertText);
-    request.caption = messageText(cannotInsertCaption);
+    request.message = message::blockNotInserted;
+    request.text = messageText(message::blockNotInserted);
+    request.caption = messageText(message::blockNotInsertedTitle);
     request.icon = MessageIcon::warning;
     platform().ui->messageBox(request);
 }
@@ -138,7 +133,7 @@ bool ensureSettingsBlock(RyvDbxBlockRef& accessor, bool showMessages) {
 
 bool readDrawingSettings(RyvDbxBlockRef& accessor, RyvCfgDrawingSettings& settings, bool startFromDefaults) {
     if (startFromDefaults)
-        fillWithDrawingDefaults(settings);
+        settings.fillWithDefaults(nullptr, true);
     if (!openSettingsBlock(accessor))
         return false;
     for (int index = 0; index <= RyvCfgDrawingSettings::getMaxBracketIndex(); ++index) {

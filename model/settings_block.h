@@ -19,8 +19,8 @@ bool findSettingsBlock(RyvDbxBlockRef& accessor, CStringView blockName);
 bool ensureSettingsBlock(RyvDbxBlockRef& accessor, bool showMessages);
 
 /// Reads the settings out of the open reference or, when none is open, the settings block. A setting that the
-/// block lacks stays as it is; `startFromDefaults`: all settings first get the defaults of a drawing outside
-/// of projects, also when there is no block (false).
+/// block lacks stays as it is; `startFromDefaults`: all settings first get the defaults of the active
+/// project, or of a drawing outside of projects, also when there is no block (false).
 bool readDrawingSettings(RyvDbxBlockRef& accessor, RyvCfgDrawingSettings& settings, bool startFromDefaults);
 
 /// Writes the settings into the open reference or, when none is open, the settings block; absent ones as

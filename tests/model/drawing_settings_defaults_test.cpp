@@ -77,7 +77,7 @@ TEST_F(DrawingSettingsDefaults, failingCalls_keepTheFixedTables) {
     surroundings.lisp.fail(u"kq_xref_tbl_indexlst");
     surroundings.lisp.answer(u"kq_xref_tbl_fldnams", HostResultBuffer().addNil());
     surroundings.lisp.answer(u"kq_xref_tbl_jstlst", HostResultBuffer().addInteger(3));
-    settings.fillWithDefaults();
+    settings.fillWithDefaults(nullptr, false);
     expectTail({u"1,2,3,5", u"W1,T1,TYPE,T2,W2,REF,SH,SHDWGNAM,FILENAME,FULLFILENAM",
         u"MC,MC,MC,MC,MC,MC,MC,MC,L,L", u"0.0", u"1", u"0.0,0.0,0.0"});
 }

@@ -33,7 +33,7 @@ std::vector<std::map<CString, CString>> definitionsIn(const std::string& file) {
 /// A drawing without a project gets its settings from this file, so it holds the program's own defaults.
 TEST(ProductFiles, settingsBlock_holdsEverySettingWithItsDefault) {
     RyvCfgDrawingSettings defaults;
-    defaults.fillWithDefaults();
+    defaults.fillWithDefaults(nullptr, false);
     auto definitions = definitionsIn("KQ_M.dwg");
     ASSERT_EQ(definitions.size(), RyvCfgDrawingSettings::count);
     for (std::size_t i = 0; i < definitions.size(); ++i) {

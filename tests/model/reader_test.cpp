@@ -136,7 +136,7 @@ TEST_F(Reader, missingSettings_areTheDefaults) {
     }
     read("?[0]V\n", data);
     RyvCfgDrawingSettings expected;
-    expected.fillWithDefaults();
+    expected.fillWithDefaults(nullptr, false);
     const CString vertical = u"V";
     expected.setValue(0, &vertical);
     EXPECT_TRUE(data.getProjDefKQMVals() == expected);

@@ -98,7 +98,7 @@ TEST_F(RoundTrip, textsThatBeginWithEqualsSigns_loseThem) {
 
 TEST_F(RoundTrip, settingsOfOneDrawing_areTheDefaultsAgain) {
     RyvCfgDrawingSettings settings;
-    settings.fillWithDefaults();
+    settings.fillWithDefaults(nullptr, false);
     const CString sheet = u"12";
     settings.setValue(13, &sheet);
     settings.setValue(46, &sheet);

@@ -57,14 +57,14 @@ protected:
         ports.ui = &host;
         ports.os.files = &files;
         setPlatform(&ports);
-        settings.fillWithDefaults();
+        settings.fillWithDefaults(nullptr, false);
     }
     ~SettingsBlock() override { setPlatform(nullptr); }
 
     /// The attributes of a whole block, defaults as values; `without` is left out.
     static std::vector<DrawingAttribute> whole(const std::set<CString>& without = {}) {
         RyvCfgDrawingSettings defaults;
-        defaults.fillWithDefaults();
+        defaults.fillWithDefaults(nullptr, false);
         std::vector<DrawingAttribute> attributes;
         for (int index = 0; index <= last; ++index)
             if (!without.contains(tagOf(index)))

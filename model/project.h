@@ -1,0 +1,100 @@
+// One open project: its file, and what the program holds of it in memory.
+#pragma once
+
+#include "model/kqp_filer.h"
+#include "model/project_data.h"
+
+#include <memory>
+
+namespace ryv {
+
+/// Reading and writing call LISP, and LISP may do anything meanwhile, so whoever lets a project read or write
+/// keeps it alive on its own account.
+class RyvPrmProject {
+public:
+    /// How a read ended.
+    enum class ReadResult {
+        failed,    ///< the file cannot be read, is being written just now, or this object is writing it
+        unchanged, ///< the file holds what this object holds; nothing was touched
+        replaced   ///< the content is new
+    };
+
+    RyvPrmProject();
+    RyvPrmProject(const RyvPrmProject&) = delete;
+    RyvPrmProject& operator=(const RyvPrmProject&) = delete;
+    virtual ~RyvPrmProject();
+
+    /// The full path of the project file.
+    const CString& getProjectID() const noexcept { return projectId_; }
+
+    /// Reads the project file at `path`, which becomes the project's ID, and takes its content over when it
+    /// was read whole. False, with the old content kept, when it cannot be read. The second argument is part
+    /// of the interface and has no meaning.
+    bool readProject(CStringView path, int unused = 0) { return read(path, unused) != ReadResult::failed; }
+    /// The same, telling more. A file that is suddenly empty counts as being written.
+    ReadResult read(CStringView path, int unused = 0);
+
+    /// Writes the content to `path`, or to the project's file when that is null, and lets LISP bring its list
+    /// of drawings up to date. False when the file cannot be opened or written, or when another process
+    /// changed it since it was read; the file is what it was then, and the content stays in memory.
+    bool writeProject(const CString* path = nullptr);
+
+    /// Why the last read or write failed: one of RyvPmUtilsKQPFiler's errors.
+    int getLastError() const noexcept { return lastError_; }
+
+    const RyvPrmProjectData& getProjectData() const noexcept { return data_; }
+    /// The same for changing it: what is changed here stays until the file is read again.
+    RyvPrmProjectData& editProjectData() noexcept;
+
+    /// Kept as empty members of the interface, which callers outside of this module were built against.
+    int getState() const noexcept { return 0; }
+    void changedState() noexcept {}
+    void changedContent() noexcept {}
+
+    bool getUseZarn() const noexcept { return useZarn_; }
+    void setUseZarn(bool use) noexcept { useZarn_ = use; }
+
+    /// True for a project with an electromechanical link: its miscellaneous setting 39 is not empty.
+    bool isOZMProject() const;
+
+    /// Marks of the path check: paths were repaired, and the user stopped it. They stay for the life of the
+    /// object.
+    bool pathsRepaired = false;
+    bool pathCheckCancelled = false;
+
+    /// Changes in memory, which writeProject() makes last. They forward to RyvPrmProjectData, and those that
+    /// concern names of drawings tell the companion store first, so that identifiers follow.
+    bool addFile(std::unique_ptr<RyvPrmFileDetails> details, const CString& trace);
+    /// Copies of all, at the top level or in the subfolder of `trace`.
+    bool addFiles(const CArray<RyvPrmFileDetails>& drawings, const CString& trace);
+    bool removeFile(CStringView path);
+    bool removeFiles(const CStringArray& paths);
+    bool removeSubfolders(const CStringArray& traces);
+    /// The drawing listed as `oldPath` becomes `newPath`, with its identifier; false when there is none. The
+    /// flag tells a rename from a replacement, which is the same here.
+    bool replaceFile(CStringView oldPath, CStringView newPath, bool rename);
+    bool modifyDetailsForFile(const RyvPrmFileDetails& details);
+    bool setMiscProjSettings(const RyvPmMiscProjSettings& settings);
+
+    /// Questions; as in RyvPrmProjectData.
+    std::int32_t GetFileId(CStringView path);
+    bool getDetailsForFiles(const CStringArray& paths, CArray<RyvPrmFileDetails>& out) const;
+    bool getDetailsForSubfolders(const CStringArray& traces, CArray<RyvPrmSubfolder*>& out) const;
+    bool getSubfolderByTrace(CStringView trace, RyvPrmSubfolder*& subfolder) const;
+    bool isFileInProject(CStringView path, bool* isReferenceOnly = nullptr) const;
+
+private:
+    bool isBeingWritten(const RyvPrmKQPFiler& fresh) const;
+    bool isWhatWeHold(const RyvPrmKQPFiler& fresh) const;
+    bool write(RyvPrmKQPFiler& filer, CStringView path);
+
+    CString projectId_;
+    RyvPrmProjectData data_;
+    std::shared_ptr<RyvPrmKQPFiler> filer_; // shared: a read may put another one here while LISP runs
+    int lastError_ = RyvPmUtilsKQPFiler::noError;
+    bool changedInMemory_ = false;
+    int writing_ = 0; // depth: LISP may change and write the project while it is being written
+    bool useZarn_ = false;
+};
+
+} // namespace ryv
