@@ -1,0 +1,78 @@
+#include "manager/deferred_requests.h"
+
+#include "bridge/platform.h"
+#include "bridge/project_reread.h"
+#include "manager/last_project_list.h"
+
+namespace ryv {
+
+namespace {
+
+/// Ends a pass also when a request throws.
+template <class End>
+class AtEnd {
+public:
+    explicit AtEnd(End end) : end_(std::move(end)) {}
+    AtEnd(const AtEnd&) = delete;
+    AtEnd& operator=(const AtEnd&) = delete;
+    ~AtEnd() { end_(); }
+
+private:
+    End end_;
+};
+
+} // namespace
+
+void DeferredRequests::add(DeferredRequest request) {
+    const std::lock_guard lock(mutex_);
+    queue_.push_back(std::move(request));
+}
+
+std::size_t DeferredRequests::count() const {
+    const std::lock_guard lock(mutex_);
+    return queue_.size();
+}
+
+bool DeferredRequests::flush() {
+    if (platform().host.documents->activeDocument() == DocumentId::none || !beginPass())
+        return false;
+    const AtEnd end([this] { endPass(); });
+    while (const std::optional<DeferredRequest> request = takeFirst())
+        run(*request);
+    return true;
+}
+
+bool DeferredRequests::beginPass() {
+    const std::lock_guard lock(mutex_);
+    if (processing_ || queue_.empty())
+        return false;
+    processing_ = true;
+    return true;
+}
+
+void DeferredRequests::endPass() {
+    const std::lock_guard lock(mutex_);
+    processing_ = false;
+}
+
+std::optional<DeferredRequest> DeferredRequests::takeFirst() {
+    const std::lock_guard lock(mutex_);
+    if (queue_.empty())
+        return std::nullopt;
+    DeferredRequest first = std::move(queue_.front());
+    queue_.pop_front();
+    return first;
+}
+
+void DeferredRequests::run(const DeferredRequest& request) {
+    if (request.kind == DeferredRequest::Kind::rereadInLisp) {
+        reread_.queue();
+        return;
+    }
+    const CString* const project = request.data.stringAt(0);
+    const std::int16_t* const state = request.data.integerAt(1);
+    if (project && state)
+        recordProject(*project, *state);
+}
+
+} // namespace ryv

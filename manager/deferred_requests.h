@@ -1,0 +1,51 @@
+// Work that must not run while the host is at a command: it waits in a queue until the host is idle.
+#pragma once
+
+#include "platform/host/result_buffer.h"
+
+#include <deque>
+#include <mutex>
+#include <optional>
+
+namespace ryv {
+
+class ProjectReread;
+
+struct DeferredRequest {
+    enum class Kind : std::int32_t {
+        rereadInLisp = 1,     ///< LISP reads the active project again; no data
+        recordLastProject = 2 ///< data: the path of a project, and its state as recordProject() takes it
+    };
+    Kind kind = Kind::rereadInLisp;
+    HostResultBuffer data;
+};
+
+class DeferredRequests {
+public:
+    explicit DeferredRequests(ProjectReread& reread) noexcept : reread_(reread) {}
+    DeferredRequests(const DeferredRequests&) = delete;
+    DeferredRequests& operator=(const DeferredRequests&) = delete;
+
+    /// Any thread. A request that a running one adds is run in the same pass.
+    void add(DeferredRequest request);
+
+    /// Runs all requests, one at a time, and lets them go. Main thread. False, and nothing is run, when there
+    /// is none, when a pass is under way already, and while the host has no active document.
+    bool flush();
+
+    /// How many wait. Any thread.
+    std::size_t count() const;
+
+private:
+    bool beginPass();
+    void endPass();
+    std::optional<DeferredRequest> takeFirst();
+    void run(const DeferredRequest& request);
+
+    ProjectReread& reread_;
+    mutable std::mutex mutex_; // guards the queue and the flag; never held while a request runs
+    std::deque<DeferredRequest> queue_;
+    bool processing_ = false;
+};
+
+} // namespace ryv

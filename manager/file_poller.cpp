@@ -1,0 +1,86 @@
+#include "manager/file_poller.h"
+
+#include "base/fold.h"
+#include "bridge/platform.h"
+
+#include <algorithm>
+
+namespace ryv {
+
+namespace {
+
+constexpr std::uint32_t pollTimer = 1;
+
+bool sameContent(const FileInformation& a, const FileInformation& b) {
+    return a.device == b.device && a.inode == b.inode && a.size == b.size &&
+           a.modifiedNanoseconds == b.modifiedNanoseconds;
+}
+
+} // namespace
+
+FilePoller::~FilePoller() {
+    if (window_ != WindowHandle::none)
+        platform().os.messages->destroyWindow(window_);
+}
+
+void FilePoller::add(CStringView path) {
+    if (find(path) != watched_.end())
+        return;
+    Watched& added = watched_.emplace_back();
+    added.path = path;
+    added.present = platform().os.files->information(path, added.last).ok();
+    startTimer();
+}
+
+bool FilePoller::remove(CStringView path) {
+    const auto hit = find(path);
+    if (hit == watched_.end())
+        return false;
+    watched_.erase(hit);
+    if (watched_.empty())
+        platform().os.messages->killTimer(window_, pollTimer);
+    return true;
+}
+
+void FilePoller::startTimer() {
+    MessageLoop& messages = *platform().os.messages;
+    if (window_ == WindowHandle::none)
+        window_ = messages.createWindow(*this);
+    if (watched_.size() == 1)
+        messages.setTimer(window_, pollTimer, period);
+}
+
+std::vector<FilePoller::Watched>::iterator FilePoller::find(CStringView path) {
+    return std::find_if(watched_.begin(), watched_.end(),
+        [path](const Watched& each) { return equalNoCase(each.path, path); });
+}
+
+/// A notice may change the list, so the files are gone through by name.
+void FilePoller::onTimer(std::uint32_t) {
+    CStringArray paths;
+    for (const Watched& each : watched_)
+        paths.push_back(each.path);
+    for (const CString& path : paths)
+        look(path);
+}
+
+void FilePoller::look(const CString& path) {
+    const auto hit = find(path);
+    if (hit == watched_.end())
+        return;
+    FileInformation now;
+    const bool present = platform().os.files->information(path, now).ok();
+    const Watched before = *hit;
+    hit->present = present;
+    hit->last = now;
+    if (present && !before.present)
+        receiver_.fileChanged(path, FileChange::created);
+    if (present && !(before.present && sameContent(now, before.last)))
+        receiver_.fileChanged(path, FileChange::contentChanged);
+    if (present && before.present && now.readOnly != before.last.readOnly)
+        receiver_.fileChanged(path, now.readOnly ? FileChange::madeReadOnly : FileChange::madeWritable);
+    if (!present && before.present)
+        receiver_.fileChanged(path, FileChange::deleted);
+}
+
+} // namespace ryv

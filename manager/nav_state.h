@@ -1,0 +1,83 @@
+// What the module's navigation manager keeps for all of its parts: the project manager, work that waits until
+// the host is idle, and what the palette window and the commands hand to each other.
+#pragma once
+
+#include "bridge/project_reread.h"
+#include "manager/deferred_requests.h"
+#include "platform/os/message_loop.h"
+
+#include <memory>
+#include <vector>
+
+namespace ryv {
+
+class RyvPrmProjectManager;
+
+/// Hears whether the host works on something.
+class BusyListener {
+public:
+    /// 1: the host is busy, 0: it is idle.
+    virtual void busyChanged(std::int16_t busy) = 0;
+
+protected:
+    ~BusyListener() = default;
+};
+
+/// The base of the navigation manager; one object from the module's start to its end. Main thread only, but
+/// for adding requests.
+class NavState {
+public:
+    NavState();
+    NavState(const NavState&) = delete;
+    NavState& operator=(const NavState&) = delete;
+    virtual ~NavState();
+
+    /// Makes the project manager unless there is one. Called when this object is the one in navState().
+    void createProjectManager();
+    /// Ends the project manager; nothing happens without one.
+    void destroyProjectManager();
+    RyvPrmProjectManager* projectManager() const noexcept { return projectManager_.get(); }
+
+    /// The palette's window, whose timers the re-reads of changed projects need; none until it exists.
+    WindowHandle paletteWindow() const noexcept { return paletteWindow_; }
+    void setPaletteWindow(WindowHandle window) noexcept { paletteWindow_ = window; }
+
+    /// Work that waits until the host is idle.
+    DeferredRequests& deferredRequests() noexcept { return deferredRequests_; }
+    /// Set while LISP is still to be told which project is active.
+    bool makeActivePending = false;
+
+    /// Re-reads of the active project in LISP.
+    ProjectReread& projectReread() noexcept { return projectReread_; }
+
+    /// Handed from the tree to the commands that show a drawing's properties or compare it; whoever takes
+    /// them clears them.
+    CString pendingDrawing;
+    CString pendingSecond;
+    /// The module's temporary drawing; empty when there is none.
+    CString temporaryDrawing;
+
+    /// Listeners are not owned, hear the newest first, and take themselves off before they end.
+    void addBusyListener(BusyListener& listener);
+    void removeBusyListener(BusyListener& listener);
+    void tellBusyListeners(std::int16_t busy);
+
+    /// The projects of the host's last run have been opened as far as possible.
+    virtual void afterStartupLoading() {}
+
+private:
+    std::unique_ptr<RyvPrmProjectManager> projectManager_;
+    WindowHandle paletteWindow_ = WindowHandle::none;
+    ProjectReread projectReread_;
+    DeferredRequests deferredRequests_;
+    std::vector<BusyListener*> busyListeners_;
+};
+
+/// The navigation manager, or null before start-up and after shut-down.
+NavState* navState() noexcept;
+void setNavState(NavState* state) noexcept;
+
+/// The project manager of navState(), or null.
+RyvPrmProjectManager* GetProjectManager() noexcept;
+
+} // namespace ryv

@@ -1,0 +1,222 @@
+// Opening, activating, closing, re-reading and replacing projects.
+
+#include "base/fold.h"
+#include "base/format.h"
+#include "base/text.h"
+#include "bridge/command_strings.h"
+#include "bridge/platform.h"
+#include "bridge/project_calls.h"
+#include "manager/catalog_browser_link.h"
+#include "manager/last_project_list.h"
+#include "manager/nav_state.h"
+#include "manager/project_manager.h"
+#include "resources/message_numbers.h"
+#include "resources/messages.h"
+
+#include <stdexcept>
+
+namespace ryv {
+
+namespace {
+
+constexpr CStringView sameNameDialog = u"RyvPageMan.BrowseOpenLastProjSameName";
+constexpr CStringView projectNameVariable = u"ProjectName";
+
+bool userReplacesProject(const CString& name) {
+    MessageBoxRequest request;
+    request.message = message::replaceOpenProject;
+    request.text = messageText(message::replaceOpenProject);
+    request.caption = format(messageText(message::replaceOpenProjectTitle), {name});
+    request.icon = MessageIcon::warning;
+    request.buttons = MessageButtons::yesNo;
+    return platform().ui->messageBox(request) == Answer::yes;
+}
+
+void tellThatLastProjectStays(const CString& name) {
+    TaskDialogRequest request;
+    if (platform().services.taskDialogs->load(
+            sameNameDialog, {{CString(projectNameVariable), name}}, request))
+        platform().ui->taskDialog(request);
+}
+
+} // namespace
+
+bool RyvPrmProjectManager::openProject(OptionalPath projectId, bool activate, bool skipSameNameCheck) {
+    if (!projectId)
+        return false;
+    const CString id = replaceAll(*projectId, u'/', u'\\');
+    Project project;
+    if (indexOf(id) == projects_.size()) {
+        if (!skipSameNameCheck && isProjectSameNameAsExisting(id))
+            return false;
+        project = read(id);
+        if (!project)
+            return false;
+    }
+    if (indexOf(id) < projects_.size()) { // from before, or opened by what ran during the read
+        if (activate)
+            setActiveProject(id);
+        return true;
+    }
+    projects_.push_back(project);
+    watch(id);
+    onProjectOpen(id);
+    if (activate) {
+        setActiveProject(id);
+        lisp::updateDrawingList();
+    } else {
+        recordOpened(id);
+    }
+    return true;
+}
+
+/// Reads a project and checks its paths; null when it cannot be read.
+RyvPrmProjectManager::Project RyvPrmProjectManager::read(const CString& projectId) {
+    Project project = std::make_shared<RyvPrmProject>();
+    if (!project->readProject(projectId))
+        return nullptr;
+    if (!platform().services.projectDatabase->PmIsHelperProcess())
+        verifyAndRepairAbsolutePaths(*project);
+    return project;
+}
+
+/// The list is left alone while a command is at work in the current document; the entry is made when the host
+/// is idle again.
+void RyvPrmProjectManager::recordOpened(const CString& projectId) {
+    NavState* const state = navState();
+    if (isQuiescent() || !state) {
+        recordProject(projectId, last_project::open);
+        return;
+    }
+    DeferredRequest request{DeferredRequest::Kind::recordLastProject, {}};
+    request.data.addString(projectId).addInteger(static_cast<std::int16_t>(last_project::open));
+    state->deferredRequests().add(std::move(request));
+}
+
+bool RyvPrmProjectManager::setActiveProject(OptionalPath projectId) {
+    if (!projectId)
+        return false;
+    const CString id = replaceAll(*projectId, u'/', u'\\');
+    if (equalNoCase(id, activeId_))
+        return true;
+    if (indexOf(id) == projects_.size() || sendEventVetoCheck())
+        return false;
+    if (indexOf(id) == projects_.size()) // closed by a handler of the veto check
+        return false;
+    const CString previous = activeId_;
+    activeId_ = id;
+    recordProject(id, last_project::active);
+    onProjectSetActive(id);
+    if (!previous.empty())
+        onProjectDeactivate(previous);
+    closeBeyondLimit();
+    if (isActiveProject(id)) { // a handler may have activated another one
+        onProjectActived(id);
+        catalogBrowser_->notify();
+    }
+    return true;
+}
+
+/// One project an activation and nowhere else, so opening many without activating may exceed the limit.
+void RyvPrmProjectManager::closeBeyondLimit() {
+    if (projects_.size() <= maxOpenProjects)
+        return;
+    const bool firstIsActive = equalNoCase(projects_[0]->getProjectID(), activeId_);
+    closeProject(CString(projects_[firstIsActive ? 1 : 0]->getProjectID()), false);
+}
+
+bool RyvPrmProjectManager::closeProject(OptionalPath projectId, bool force) {
+    if (!projectId)
+        return false;
+    const CString id = replaceAll(*projectId, u'/', u'\\');
+    if (!force && equalNoCase(id, activeId_))
+        return false;
+    const std::size_t index = indexOf(id);
+    if (index == projects_.size())
+        return false;
+    unwatch(id);
+    recordProject(id, last_project::closed);
+    projects_.erase(projects_.begin() + static_cast<std::ptrdiff_t>(index));
+    onProjectClose(id);
+    return true;
+}
+
+/// Deliberate: the walk begins one past the last project, so with any project open its first step is outside
+/// of the list and raises the invalid-argument error. Nothing in the package calls this operation, but it is
+/// exported, and what it does is what its callers outside were built against.
+bool RyvPrmProjectManager::closeAllNonActiveProjects() {
+    if (!projects_.empty())
+        throw std::invalid_argument("index outside the array");
+    onProjectCloseAllNA();
+    return true;
+}
+
+bool RyvPrmProjectManager::reReadProject(OptionalPath projectId) {
+    const Project project = find(projectId);
+    if (!project)
+        return false;
+    const CString id = project->getProjectID();
+    onPreProjectReRead(id);
+    if (!project->readProject(id) || !isOpen(project))
+        return false;
+    onProjectReRead(id);
+    catalogBrowser_->notify();
+    queueRereadInLisp();
+    return true;
+}
+
+/// LISP reads the active project again when the host is idle.
+void RyvPrmProjectManager::queueRereadInLisp() {
+    NavState* const state = navState();
+    if (!state)
+        return;
+    if (isQuiescent())
+        state->projectReread().queue();
+    else
+        state->deferredRequests().add({DeferredRequest::Kind::rereadInLisp, {}});
+}
+
+bool RyvPrmProjectManager::activateNextOf(CStringView projectId) {
+    const std::size_t index = indexOf(projectId);
+    if (index == projects_.size())
+        return false;
+    const CString next = projects_[(index + 1) % projects_.size()]->getProjectID();
+    return setActiveProject(next);
+}
+
+bool RyvPrmProjectManager::replaceOpenProject(CStringView oldId, CStringView newId, bool activate) {
+    if (oldId.empty() || newId.empty() || projects_.size() <= 1)
+        return false;
+    const CString replaced = replaceAll(oldId, u'/', u'\\');
+    const CString replacement = replaceAll(newId, u'/', u'\\');
+    if (getActiveProject() && isActiveProject(replaced) && !activateNextOf(replaced))
+        return false;
+    return closeProject(replaced, false) && openProject(replacement, activate, false);
+}
+
+bool RyvPrmProjectManager::replaceOpenProjectWithPrompt(CStringView oldId, CStringView newId, bool activate) {
+    if (oldId.empty() || newId.empty())
+        return false;
+    const CString replaced(oldId);
+    const CString replacement(newId);
+    CString name;
+    makeProjectPrettyNameFromID(replacement, name);
+    if (projects_.size() > 1)
+        return userReplacesProject(name) && replaceOpenProject(replaced, replacement, activate);
+    tellThatLastProjectStays(name);
+    return false;
+}
+
+bool RyvPrmProjectManager::projectMoved(CStringView oldId, CStringView newId) {
+    const CString replaced(oldId);
+    const CString replacement = replaceAll(newId, u'/', u'\\');
+    const bool wasActive = isActiveProject(replaced);
+    RyvPrmKQPFiler filer(replacement, false, true);
+    if (filer.isOpen()) {
+        filer.CleanupProjectData();
+        filer.closeProject();
+    }
+    return replaceOpenProject(replaced, replacement, wasActive);
+}
+
+} // namespace ryv

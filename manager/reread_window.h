@@ -1,0 +1,26 @@
+// A window without a face that the re-reads of changed projects run from, where there is no palette.
+#pragma once
+
+#include "platform/os/message_loop.h"
+
+namespace ryv {
+
+class NavState;
+
+/// Stands as the palette window of a NavState for as long as it lives. Programs without a palette make one.
+class RereadWindow final : private MessageReceiver {
+public:
+    explicit RereadWindow(NavState& state);
+    RereadWindow(const RereadWindow&) = delete;
+    RereadWindow& operator=(const RereadWindow&) = delete;
+    ~RereadWindow();
+
+private:
+    std::intptr_t onMessage(std::uint32_t number, std::uintptr_t first, std::intptr_t second) override;
+    void onTimer(std::uint32_t id) override;
+
+    NavState& state_;
+    WindowHandle window_;
+};
+
+} // namespace ryv

@@ -1,0 +1,113 @@
+// What may happen while LISP, a handler or a question is at work: projects are read again and closed.
+
+#include "tests/manager/manager_fixture.h"
+
+namespace ryv::test {
+namespace {
+
+class ReentryTest : public ManagerFixture {
+protected:
+    ReentryTest() {
+        a = project("a", {"one"});
+        files.put(a, "+[1]x\none.dwg\n"); // whose folder LISP is asked to shorten when it is written
+        open(a, true);
+        story();
+        surroundings.documents.open = true;
+    }
+    /// Runs `work` once, inside of the LISP function.
+    void insideLisp(CStringView function, std::function<void()> work) {
+        surroundings.lisp.define(
+            function, [this, work, done = false](const HostResultBuffer&, HostResultBuffer& out) mutable {
+                if (!std::exchange(done, true))
+                    work();
+                ++calls;
+                out = HostResultBuffer().addNil();
+                return LispStatus::success;
+            });
+    }
+    void at(const std::string& event, std::function<void()> work) {
+        recorder->during = [event, work](const std::string& line) {
+            if (line.starts_with(event))
+                work();
+        };
+    }
+    CString a;
+    int calls = 0;
+};
+
+TEST_F(ReentryTest, projectClosedDuringItsReRead_isNotAnnounced) {
+    at("preReRead", [this] { manager->closeProject(a, true); });
+    EXPECT_FALSE(manager->reReadProject());
+    EXPECT_EQ(story(), "preReRead a.kqp, close a.kqp");
+    recorder->during = [](const std::string&) {};
+    open(a);
+    files.put(a, "two.dwg\n");
+    insideLisp(u"kq_xref_tbl_indexlst", [this] { manager->closeProject(a, true); });
+    EXPECT_FALSE(manager->reReadProject(a));
+    EXPECT_GT(calls, 0);
+    EXPECT_EQ(story(), "open a.kqp, preReRead a.kqp, close a.kqp");
+}
+
+TEST_F(ReentryTest, reReadDuringAWrite_takesNothingAway) {
+    bool reRead = true;
+    insideLisp(u"ryv_get_var", [&] { reRead = manager->reReadProject(); });
+    EXPECT_TRUE(manager->addFileToProject(drawing(path("two.dwg"))));
+    EXPECT_GT(calls, 0);
+    EXPECT_FALSE(reRead);
+    EXPECT_NE(bytes(a).find("two.dwg"), std::string::npos);
+}
+
+TEST_F(ReentryTest, changeDuringAWrite_isWrittenToo) {
+    insideLisp(u"ryv_get_var", [this] { manager->addFileToProject(drawing(path("three.dwg"))); });
+    EXPECT_TRUE(manager->addFileToProject(drawing(path("two.dwg"))));
+    EXPECT_NE(bytes(a).find("two.dwg"), std::string::npos);
+    EXPECT_NE(bytes(a).find("three.dwg"), std::string::npos);
+}
+
+TEST_F(ReentryTest, projectClosedDuringAWrite_isWrittenAllTheSame) {
+    insideLisp(u"ryv_get_var", [this] { manager->closeProject(a, true); });
+    EXPECT_TRUE(manager->addFileToProject(drawing(path("two.dwg"))));
+    EXPECT_NE(bytes(a).find("two.dwg"), std::string::npos);
+    EXPECT_EQ(story(), "close a.kqp");
+}
+
+TEST_F(ReentryTest, handlersThatOpenCloseAndActivate_leaveOneActiveProject) {
+    const CString b = project("b");
+    const CString c = project("c");
+    open(c);
+    story();
+    at("setActive b", [&] { manager->setActiveProject(c); });
+    EXPECT_TRUE(open(b, true));
+    EXPECT_EQ(story(),
+        "open b.kqp, veto?, setActive b.kqp, veto?, setActive c.kqp, deactivate b.kqp, actived "
+        "c.kqp, deactivate a.kqp");
+    EXPECT_TRUE(manager->isActiveProject(c));
+    at("open d", [&] { manager->closeProject(path("d.kqp"), false); });
+    EXPECT_TRUE(open(project("d"), true));
+    EXPECT_EQ(story(), "open d.kqp, close d.kqp");
+    EXPECT_TRUE(manager->isActiveProject(c));
+    at("veto?", [&] { manager->closeProject(b, false); });
+    EXPECT_FALSE(manager->setActiveProject(b));
+    EXPECT_EQ(manager->getProjectCount(), 2);
+}
+
+TEST_F(ReentryTest, drawingsGetTheDefaultsOfTheActiveProject) {
+    files.put(a, "?[0]V\n+[28]1\none.dwg\n");
+    manager->reReadProject();
+    RyvCfgDrawingSettings settings;
+    settings.fillWithDefaults(nullptr, true);
+    EXPECT_EQ(*settings.find(0), u"V");
+    EXPECT_EQ(*settings.find(64), u"1"); // depends on the miscellaneous settings
+    settings.fillWithDefaults(nullptr, false);
+    EXPECT_EQ(*settings.find(0), u"H");
+    files.put(path("b.kqp"), "?[0]B\n");
+    open(path("b.kqp"));
+    settings.fillWithDefaults(manager->getProject(path("b.kqp")), true);
+    EXPECT_EQ(*settings.find(0), u"B");
+    manager->closeProject(a, true);
+    settings.fillWithDefaults(nullptr, true);
+    EXPECT_EQ(*settings.find(0), u"H");
+}
+
+} // namespace
+} // namespace ryv::test
