@@ -14,6 +14,7 @@ using Text = std::string_view;
 constexpr std::array<Text, 3> colorChoices = {"auto", "always", "never"};
 
 constexpr std::array<Operand, 1> oneFile = {{{"FILE"}}};
+constexpr std::array<Operand, 1> oneFileOfAnyKind = {{{"FILE", WordKind::anyFile}}};
 constexpr std::array<Operand, 2> twoFiles = {{{"A"}, {"B"}}};
 constexpr std::array<Operand, 1> maybeCommand = {{{"COMMAND", WordKind::commandName, true}}};
 
@@ -81,9 +82,44 @@ constexpr std::array<Text, 2> checkText = {
     "Nothing is printed when there is nothing of the kind. Nothing is written to any file.",
 };
 
+constexpr std::array<Text, 3> lockStatusText = {
+    "Prints who has a file locked, as one JSON object in one line: {\"number\", \"name\", \"holder\", "
+    "\"machine\", \"time\"}. The texts are empty when there is no holder. A file is locked by a lock file "
+    "beside it, named like the file with \".FLL\" behind it.",
+    "Number and name are 0 `lockInvalid` (the path is too short to be that of a file), 1 `lockNone` (nobody "
+    "has it), 2 `lockMine` (this user has it on this computer), 3 `lockOther` (somebody else has it, or "
+    "this user on another computer), 4 `lockUnreadable` (a lock file that does not say who), 5 "
+    "`lockReadOnly` (the file is read-only, locked or not), 6 `lockMissing` (there is no such file), or 7 "
+    "`lockFolderReadOnly` (nobody has it, and its folder cannot be written).",
+    "A lock counts as long as the process that made it lives. Asking removes a lock file that an ended "
+    "process left behind; nothing else is written.",
+};
+
+constexpr std::array<Option, 1> watchOptions = {{
+    {"json", '\0', {}, {}, {},
+        "Print each event as one JSON object in a line: {\"event\", \"details\"}, with a list of texts as "
+        "the details. Paths in it have \"\\\" between their components."},
+}};
+
+constexpr std::array<Text, 5> watchText = {
+    "Opens a project and prints what other programs do to it, one event a line, at once, until SIGINT "
+    "(Ctrl-C) or SIGTERM ends it, which is success. A line is the event's name and its details with tabs "
+    "between them: the full path of the project, then what else it concerns. Control characters in names "
+    "are shown escaped.",
+    "The first line is `onProjectOpen`; whatever happens later is noticed. Then come `onProjectReRead` when "
+    "the file has changed and was read again (a tenth of a second after the last of several changes), "
+    "`onProjectLocked` and `onProjectUnlocked` when its lock file appears and goes, `onProjectTasksAdded` "
+    "and `onProjectTasksDeleted`, with the task file, when that does, and `onProjectReadOnlyChanged` with "
+    "\"read-only\" or \"writable\".",
+    "A file that is deleted, or that cannot be read for a while, stays watched. When it has changed and "
+    "cannot be read, standard error says so and no event comes.",
+    "Files that the system cannot watch are looked at every two seconds; standard error says so.",
+    "Nothing is written to any file.",
+};
+
 constexpr std::array<Text, 1> helpText = {"Describes a command, or lists the commands when none is named."};
 
-constexpr std::array<Command, 5> table = {{
+constexpr std::array<Command, 7> table = {{
     {"show", "print what is in a project file", oneFile, showOptions, showText, {}, runShow},
     {"rewrite", "read a project file and write it again in canonical form", oneFile, rewriteOptions,
         rewriteText, {}, runRewrite},
@@ -91,6 +127,10 @@ constexpr std::array<Command, 5> table = {{
         "the projects differ", runEqual},
     {"check", "report what reading a project file drops or repairs", oneFile, {}, checkText,
         "there is something to report", runCheck},
+    {"lock-status", "tell who has a file locked", oneFileOfAnyKind, {}, lockStatusText,
+        "this user cannot work on the file", runLockStatus},
+    {"watch", "print what happens to a project, as it happens", oneFile, watchOptions, watchText, {},
+        runWatch},
     {"help", "describe a command", maybeCommand, {}, helpText, {}, runHelp},
 }};
 
@@ -100,14 +140,14 @@ constexpr std::array<Option, 2> programOptions = {{
 }};
 
 constexpr std::array<Text, 2> programText = {
-    "Looks at, compares, checks and rewrites project files (`*.kqp`) of the electrical design package, "
-    "for scripts, continuous integration and version control.",
+    "Looks at, compares, checks, rewrites and watches project files (`*.kqp`) of the electrical design "
+    "package, for scripts, continuous integration and version control.",
     "Files are given by the names that the machine's other programs use; a name that does not exist is "
     "looked for in letters of another case. A project file may be UTF-8, UTF-16 with a byte-order mark, "
     "or Windows-1252. Words behind `--` are never taken for options.",
 };
 
-constexpr std::array<Example, 4> examples = {{
+constexpr std::array<Example, 5> examples = {{
     {"Print the drawings' names that a project lists at its top level:",
         "kqp show --json plant.kqp | jq -r '.items[].file // empty'"},
     {"Fail a build when a project file has something that readers drop:", "kqp check plant.kqp"},
@@ -115,10 +155,12 @@ constexpr std::array<Example, 4> examples = {{
         "*.kqp diff=kqp\ngit config diff.kqp.textconv 'kqp show'"},
     {"Move a project file to another folder, its drawings staying where they are:",
         "kqp rewrite plant.kqp -o ../moved/plant.kqp"},
+    {"Check a project file whenever it has changed:",
+        "kqp watch plant.kqp | while read -r event; do kqp check plant.kqp; done"},
 }};
 
 constexpr ProgramText programEntry = {"kqp", KQP_VERSION,
-    "look into, compare, check and rewrite project files", programText, programOptions, examples};
+    "look into, compare, check, rewrite and watch project files", programText, programOptions, examples};
 
 } // namespace
 

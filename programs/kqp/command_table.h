@@ -11,7 +11,7 @@ class Arguments;
 struct Console;
 
 /// What a word of the command line stands for; completions offer accordingly.
-enum class WordKind { projectFile, commandName, fixedChoice };
+enum class WordKind { projectFile, anyFile, commandName, fixedChoice };
 
 struct Operand {
     std::string_view name; ///< as it stands in a synopsis: "FILE"

@@ -2,6 +2,7 @@
 
 #include "programs/kqp/check.h"
 #include "programs/kqp/documents/help_text.h"
+#include "programs/kqp/lock_status.h"
 #include "programs/kqp/options.h"
 #include "programs/kqp/project_input.h"
 #include "programs/kqp/rewrite.h"
@@ -9,6 +10,7 @@
 #include "programs/kqp/show_text.h"
 #include "programs/kqp/terminal/style.h"
 #include "programs/kqp/usage.h"
+#include "programs/kqp/watch/watch.h"
 
 namespace kqp {
 
@@ -58,6 +60,15 @@ int runRewrite(const Arguments& arguments, Console& console) {
     if (const std::string* const output = arguments.value("output"))
         return rewriteTo(file, *output, relativePaths, console);
     return rewriteInPlace(file, relativePaths, console);
+}
+
+int runLockStatus(const Arguments& arguments, Console& console) {
+    return lockStatus(arguments.operands().front(), console);
+}
+
+int runWatch(const Arguments& arguments, Console& console) {
+    const EventForm form = arguments.has("json") ? EventForm::json : EventForm::text;
+    return watch(arguments.operands().front(), form, console);
 }
 
 int runHelp(const Arguments& arguments, Console& console) {

@@ -10,6 +10,8 @@ int runShow(const Arguments& arguments, Console& console);
 int runRewrite(const Arguments& arguments, Console& console);
 int runEqual(const Arguments& arguments, Console& console);
 int runCheck(const Arguments& arguments, Console& console);
+int runLockStatus(const Arguments& arguments, Console& console);
+int runWatch(const Arguments& arguments, Console& console);
 int runHelp(const Arguments& arguments, Console& console);
 
 } // namespace kqp

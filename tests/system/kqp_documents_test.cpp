@@ -46,7 +46,8 @@ TEST_F(KqpDocumentsTest, man_page_isTypesetWithoutWarningsAndNamesEverything) {
     EXPECT_EQ(page.error, "");
     for (const char* const text :
         {"kqp show [--json] [--color=WHEN] FILE", "kqp rewrite [-o OUT] [--absolute] FILE", "kqp equal A B",
-            "kqp check FILE", "kqp help [COMMAND]", "EXIT STATUS", "-o OUT, --output=OUT"})
+            "kqp check FILE", "kqp lock-status FILE", "kqp watch [--json] FILE", "kqp help [COMMAND]",
+            "EXIT STATUS", "-o OUT, --output=OUT"})
         EXPECT_NE(page.out.find(text), std::string::npos) << text;
 }
 
@@ -59,6 +60,7 @@ TEST_F(KqpDocumentsTest, bash_completion_offersWhatFits) {
     EXPECT_EQ(completions({"kqp", "--v"}), Words{"--version"});
     EXPECT_EQ(completions({"kqp", "show", ""}), (Words{"plans", "plant.kqp", "with blank.KQP"}));
     EXPECT_EQ(completions({"kqp", "equal", "plant.kqp", "plan"}), (Words{"plans", "plant.kqp"}));
+    EXPECT_EQ(completions({"kqp", "lock-status", "o"}), Words{"other.txt"});
     EXPECT_EQ(completions({"kqp", "show", "--"}), (Words{"--color=", "--help", "--json"}));
     EXPECT_EQ(completions({"kqp", "show", "--color", "="}), (Words{"always", "auto", "never"}));
     EXPECT_EQ(completions({"kqp", "show", "--color", "=", "n"}), Words{"never"});
@@ -70,7 +72,8 @@ TEST_F(KqpDocumentsTest, bash_completion_offersWhatFits) {
 TEST_F(KqpDocumentsTest, zsh_completion_namesEveryCommand) {
     const std::string script = document("zsh");
     EXPECT_TRUE(script.starts_with("#compdef kqp\n"));
-    for (const char* const command : {"show)\n", "rewrite)\n", "equal)\n", "check)\n", "help)\n"})
+    for (const char* const command :
+        {"show)\n", "rewrite)\n", "equal)\n", "check)\n", "lock-status)\n", "watch)\n", "help)\n"})
         EXPECT_NE(script.find(command), std::string::npos) << command;
 }
 

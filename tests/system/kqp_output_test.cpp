@@ -13,8 +13,9 @@ protected:
 
     /// Every way to make kqp print something.
     static std::vector<std::vector<std::string>> printing() {
-        return {{"show", "plant.kqp"}, {"show", "--json", "plant.kqp"}, {"check", "plant.kqp"}, {"--help"},
-            {"--version"}, {"help", "show"}, {"equal", "--help"}, {"--generate", "man"}};
+        return {{"show", "plant.kqp"}, {"show", "--json", "plant.kqp"}, {"check", "plant.kqp"},
+            {"lock-status", "plant.kqp"}, {"watch", "plant.kqp"}, {"watch", "--json", "plant.kqp"},
+            {"--help"}, {"--version"}, {"help", "show"}, {"equal", "--help"}, {"--generate", "man"}};
     }
 
     void expectAll(const ProcessSetUp& setUp, const std::string& line) const {

@@ -55,7 +55,7 @@ TEST_F(KqpUsageTest, options_standAnywhereUntilDoubleDash) {
 TEST_F(KqpUsageTest, files_thatCannotBeRead_failWithOneLine) {
     std::filesystem::create_directory(folder.native("folder.kqp"));
     ASSERT_EQ(::mkfifo(folder.native("pipe.kqp").c_str(), 0600), 0);
-    for (const std::string command : {"show", "check", "rewrite"}) {
+    for (const std::string command : {"show", "check", "rewrite", "watch"}) {
         SCOPED_TRACE(command);
         expectFailure(kqp({command, "none.kqp"}), "kqp: none.kqp: no such file or folder");
         expectFailure(kqp({command, "folder.kqp"}), "kqp: folder.kqp: is a folder");
@@ -72,7 +72,7 @@ TEST_F(KqpUsageTest, file_thatMayNotBeRead_failsWithOneLine) {
     ASSERT_EQ(::chmod(folder.native().c_str(), 0755), 0);
     ProcessSetUp setUp;
     setUp.inChild = becomeNobody;
-    for (const std::string command : {"show", "check"})
+    for (const std::string command : {"show", "check", "watch"})
         expectFailure(kqp({command, "secret.kqp"}, setUp), "kqp: secret.kqp: permission denied");
     expectFailure(kqp({"equal", "secret.kqp", "secret.kqp"}, setUp), "kqp: secret.kqp: permission denied");
 }
@@ -80,15 +80,15 @@ TEST_F(KqpUsageTest, file_thatMayNotBeRead_failsWithOneLine) {
 TEST_F(KqpUsageTest, help_ofProgram_listsCommandsAndOptions) {
     const ProcessResult result = kqp({"--help"});
     expectDone(result);
-    for (const char* const word :
-        {"show ", "rewrite ", "equal ", "check ", "help ", "-h, --help", "--version"})
+    for (const char* const word : {"show ", "rewrite ", "equal ", "check ", "lock-status ", "watch ", "help ",
+             "-h, --help", "--version"})
         EXPECT_NE(result.out.find(std::string("\n  ") + word), std::string::npos) << word;
     EXPECT_EQ(kqp({"-h"}).out, result.out);
     EXPECT_EQ(kqp({"help"}).out, result.out);
 }
 
 TEST_F(KqpUsageTest, help_ofCommand_isTheSameInBothForms) {
-    for (const std::string command : {"show", "rewrite", "equal", "check", "help"}) {
+    for (const std::string command : {"show", "rewrite", "equal", "check", "lock-status", "watch", "help"}) {
         const ProcessResult result = kqp({command, "--help"});
         expectDone(result);
         EXPECT_EQ(result.out.substr(0, 11 + command.size()), "Usage: kqp " + command);

@@ -28,6 +28,8 @@ std::string offer(WordKind kind, std::span<const std::string_view> choices) {
     switch (kind) {
     case WordKind::projectFile:
         return "_kqp_files \"$current\"";
+    case WordKind::anyFile:
+        return "_kqp_any_files \"$current\"";
     case WordKind::commandName:
         return "_kqp_words '" + commandNames() + "' \"$current\"";
     case WordKind::fixedChoice:
@@ -89,6 +91,11 @@ _kqp_words() {
 _kqp_files() {
     compopt -o filenames 2>/dev/null
     mapfile -t COMPREPLY < <(compgen -f -X '!*.[kK][qQ][pP]' -- "$1"; compgen -d -- "$1")
+}
+
+_kqp_any_files() {
+    compopt -o filenames 2>/dev/null
+    mapfile -t COMPREPLY < <(compgen -f -- "$1")
 }
 )";
 

@@ -53,9 +53,13 @@ std::string optionsHelp(std::span<const Option> options) {
 
 std::string commandList() {
     std::string text = "Commands:\n";
+    std::size_t longest = 0;
+    for (const Command& command : commands())
+        longest = std::max(longest, command.name.size());
     for (const Command& command : commands()) {
         const std::string name(command.name);
-        text += "  " + name + std::string(10 - name.size(), ' ') + std::string(command.summary) + "\n";
+        text +=
+            "  " + name + std::string(longest + 2 - name.size(), ' ') + std::string(command.summary) + "\n";
     }
     return text;
 }

@@ -24,6 +24,8 @@ std::string asDescription(std::string_view text) {
 std::string action(WordKind kind, std::span<const std::string_view> choices) {
     if (kind == WordKind::projectFile)
         return "_files -g \"*.(#i)kqp(-.)\"";
+    if (kind == WordKind::anyFile)
+        return "_files";
     if (kind == WordKind::commandName)
         return "_kqp_commands";
     std::string words;

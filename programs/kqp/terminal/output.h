@@ -21,6 +21,12 @@ public:
     /// Passes everything on to the system; false when that, or any write before it, failed.
     bool finish();
 
+    /// Notes a failure that showed otherwise than by a write. `error` is the system's number for it.
+    void fail(int error) noexcept {
+        if (error_ == 0)
+            error_ = error;
+    }
+
     /// The system's number for the first failure, 0 for none.
     int error() const noexcept { return error_; }
 
