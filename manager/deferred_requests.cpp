@@ -3,6 +3,10 @@
 #include "bridge/platform.h"
 #include "bridge/project_reread.h"
 #include "manager/last_project_list.h"
+#include "manager/nav_state.h"
+#include "manager/project_manager.h"
+
+#include <algorithm>
 
 namespace ryv {
 
@@ -21,10 +25,17 @@ private:
     End end_;
 };
 
+bool isReread(const DeferredRequest& request) {
+    return request.kind == DeferredRequest::Kind::rereadInLisp;
+}
+
 } // namespace
 
 void DeferredRequests::add(DeferredRequest request) {
     const std::lock_guard lock(mutex_);
+    const bool waits = std::any_of(queue_.begin(), queue_.end(), isReread);
+    if (isReread(request) && waits)
+        return; // one re-read serves all who asked for it
     queue_.push_back(std::move(request));
 }
 
@@ -71,7 +82,12 @@ void DeferredRequests::run(const DeferredRequest& request) {
     }
     const CString* const project = request.data.stringAt(0);
     const std::int16_t* const state = request.data.integerAt(1);
-    if (project && state)
+    if (!project || !state)
+        return;
+    RyvPrmProjectManager* const manager = GetProjectManager();
+    if (*state == last_project::open && manager)
+        manager->recordOpenState(*project); // it may have been activated or closed since
+    else
         recordProject(*project, *state);
 }
 

@@ -26,7 +26,8 @@ public:
     DeferredRequests(const DeferredRequests&) = delete;
     DeferredRequests& operator=(const DeferredRequests&) = delete;
 
-    /// Any thread. A request that a running one adds is run in the same pass.
+    /// Any thread. A request that a running one adds is run in the same pass. A re-read is not added when one
+    /// waits already.
     void add(DeferredRequest request);
 
     /// Runs all requests, one at a time, and lets them go. Main thread. False, and nothing is run, when there

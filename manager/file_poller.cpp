@@ -16,6 +16,10 @@ bool sameContent(const FileInformation& a, const FileInformation& b) {
            a.modifiedNanoseconds == b.modifiedNanoseconds;
 }
 
+bool isGone(FileError error) {
+    return error == FileError::missing || error == FileError::notFolder || error == FileError::badName;
+}
+
 } // namespace
 
 FilePoller::~FilePoller() {
@@ -37,8 +41,10 @@ bool FilePoller::remove(CStringView path) {
     if (hit == watched_.end())
         return false;
     watched_.erase(hit);
-    if (watched_.empty())
+    if (watched_.empty()) {
         platform().os.messages->killTimer(window_, pollTimer);
+        polling_ = false;
+    }
     return true;
 }
 
@@ -46,8 +52,7 @@ void FilePoller::startTimer() {
     MessageLoop& messages = *platform().os.messages;
     if (window_ == WindowHandle::none)
         window_ = messages.createWindow(*this);
-    if (watched_.size() == 1)
-        messages.setTimer(window_, pollTimer, period);
+    polling_ = polling_ || messages.setTimer(window_, pollTimer, period);
 }
 
 std::vector<FilePoller::Watched>::iterator FilePoller::find(CStringView path) {
@@ -69,18 +74,27 @@ void FilePoller::look(const CString& path) {
     if (hit == watched_.end())
         return;
     FileInformation now;
-    const bool present = platform().os.files->information(path, now).ok();
+    const FileStatus status = platform().os.files->information(path, now);
+    if (!status.ok() && !isGone(status.error))
+        return; // a server that does not answer has not deleted anything
+    const bool present = status.ok();
     const Watched before = *hit;
     hit->present = present;
     hit->last = now;
     if (present && !before.present)
-        receiver_.fileChanged(path, FileChange::created);
+        tell(path, FileChange::created);
     if (present && !(before.present && sameContent(now, before.last)))
-        receiver_.fileChanged(path, FileChange::contentChanged);
+        tell(path, FileChange::contentChanged);
     if (present && before.present && now.readOnly != before.last.readOnly)
-        receiver_.fileChanged(path, now.readOnly ? FileChange::madeReadOnly : FileChange::madeWritable);
+        tell(path, now.readOnly ? FileChange::madeReadOnly : FileChange::madeWritable);
     if (!present && before.present)
-        receiver_.fileChanged(path, FileChange::deleted);
+        tell(path, FileChange::deleted);
+}
+
+/// Unless a notice before has taken the file off the list.
+void FilePoller::tell(const CString& path, FileChange change) {
+    if (find(path) != watched_.end())
+        receiver_.fileChanged(path, change);
 }
 
 } // namespace ryv

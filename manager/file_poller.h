@@ -36,10 +36,12 @@ private:
     std::vector<Watched>::iterator find(CStringView path);
     void look(const CString& path);
     void startTimer();
+    void tell(const CString& path, FileChange change);
 
     FileMonitorReceiver& receiver_;
     std::vector<Watched> watched_;
     WindowHandle window_ = WindowHandle::none;
+    bool polling_ = false;
 };
 
 } // namespace ryv

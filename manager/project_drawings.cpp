@@ -8,13 +8,15 @@
 #include "manager/term_associations.h"
 
 #include <algorithm>
+#include <unordered_set>
 #include <utility>
 
 namespace ryv {
 
 namespace {
 
-CStringArray backslashed(const CStringArray& paths) {
+template <class Paths>
+CStringArray backslashed(const Paths& paths) {
     CStringArray result;
     for (const CString& path : paths)
         result.push_back(replaceAll(path, u'/', u'\\'));
@@ -168,6 +170,8 @@ bool RyvPrmProjectManager::modifyDetailsForFileInProject(
         return false;
     const RyvPrmFileDetails wanted = withBackslashes(details);
     onPreProjectDrawingDetailsModify(CString(project->getProjectID()), wanted);
+    if (!isOpen(project)) // a handler may close it
+        return false;
     const bool modified = project->modifyDetailsForFile(wanted);
     project->writeProject(); // whatever the result, which is that of the change in memory
     return modified;
@@ -180,22 +184,24 @@ bool RyvPrmProjectManager::setMiscProjSettingsInProject(
         return false;
     const RyvPmMiscProjSettings wanted = settings;
     onPreProjectSetMiscProjectSettings(CString(project->getProjectID()), wanted);
-    return project->setMiscProjSettings(wanted);
+    return isOpen(project) && project->setMiscProjSettings(wanted);
 }
 
 void RyvPrmProjectManager::setDrawingsNeedKQ_MUpdate(const CStringList& drawings, bool append) {
     if (!append)
         needKQ_MUpdate_.clear();
-    for (const CString& drawing : drawings)
-        if (std::find(needKQ_MUpdate_.begin(), needKQ_MUpdate_.end(), drawing) == needKQ_MUpdate_.end())
-            needKQ_MUpdate_.push_back(drawing);
+    std::unordered_set<CString> listed(needKQ_MUpdate_.begin(), needKQ_MUpdate_.end());
+    for (const CString& path : backslashed(drawings))
+        if (listed.insert(path).second)
+            needKQ_MUpdate_.push_back(path);
 }
 
 bool RyvPrmProjectManager::notifyLispKQ_MAndRemove(OptionalPath drawing) {
     if (!drawing)
         return false;
+    const CString path = replaceAll(*drawing, u'/', u'\\');
     const auto hit = std::find_if(needKQ_MUpdate_.begin(), needKQ_MUpdate_.end(),
-        [&drawing](const CString& each) { return equalNoCase(each, *drawing); });
+        [&path](const CString& each) { return equalNoCase(each, path); });
     if (hit == needKQ_MUpdate_.end())
         return false;
     needKQ_MUpdate_.erase(hit);

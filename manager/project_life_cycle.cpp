@@ -58,15 +58,20 @@ bool RyvPrmProjectManager::openProject(OptionalPath projectId, bool activate, bo
             setActiveProject(id);
         return true;
     }
+    if (!skipSameNameCheck && isProjectSameNameAsExisting(id))
+        return false;
     projects_.push_back(project);
     watch(id);
+    if (!project->isFileUntouched()) // somebody was faster than the watch
+        setReReadTimer(id);
     onProjectOpen(id);
-    if (activate) {
+    const bool wasActive = isActiveProject(id); // closed by force before
+    if (activate)
         setActiveProject(id);
-        lisp::updateDrawingList();
-    } else {
+    if (!activate || wasActive)
         recordOpened(id);
-    }
+    if (activate)
+        lisp::updateDrawingList();
     return true;
 }
 
@@ -85,7 +90,7 @@ RyvPrmProjectManager::Project RyvPrmProjectManager::read(const CString& projectI
 void RyvPrmProjectManager::recordOpened(const CString& projectId) {
     NavState* const state = navState();
     if (isQuiescent() || !state) {
-        recordProject(projectId, last_project::open);
+        recordOpenState(projectId);
         return;
     }
     DeferredRequest request{DeferredRequest::Kind::recordLastProject, {}};
@@ -93,16 +98,21 @@ void RyvPrmProjectManager::recordOpened(const CString& projectId) {
     state->deferredRequests().add(std::move(request));
 }
 
+/// A handler may have closed or activated the project meanwhile; closing has recorded it then.
+void RyvPrmProjectManager::recordOpenState(CStringView projectId) {
+    if (find(projectId))
+        recordProject(projectId, isActiveProject(projectId) ? last_project::active : last_project::open);
+}
+
 bool RyvPrmProjectManager::setActiveProject(OptionalPath projectId) {
     if (!projectId)
         return false;
-    const CString id = replaceAll(*projectId, u'/', u'\\');
-    if (equalNoCase(id, activeId_))
+    if (isActiveProject(*projectId))
         return true;
-    if (indexOf(id) == projects_.size() || sendEventVetoCheck())
+    const Project project = find(replaceAll(*projectId, u'/', u'\\'));
+    if (!project || sendEventVetoCheck() || !isOpen(project)) // a handler may close it
         return false;
-    if (indexOf(id) == projects_.size()) // closed by a handler of the veto check
-        return false;
+    const CString id = project->getProjectID();
     const CString previous = activeId_;
     activeId_ = id;
     recordProject(id, last_project::active);
@@ -152,12 +162,16 @@ bool RyvPrmProjectManager::closeAllNonActiveProjects() {
 }
 
 bool RyvPrmProjectManager::reReadProject(OptionalPath projectId) {
-    const Project project = find(projectId);
+    return reRead(find(projectId), false);
+}
+
+bool RyvPrmProjectManager::reRead(const Project& project, bool afterNotice) {
     if (!project)
         return false;
     const CString id = project->getProjectID();
     onPreProjectReRead(id);
-    if (!project->readProject(id) || !isOpen(project))
+    const RyvPrmProject::ReadResult result = afterNotice ? project->readAfterNotice() : project->read(id);
+    if (result == RyvPrmProject::ReadResult::failed || !isOpen(project))
         return false;
     onProjectReRead(id);
     catalogBrowser_->notify();

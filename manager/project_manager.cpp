@@ -29,7 +29,7 @@ void RyvPrmProjectManager::constructorInit() {
 
 RyvPrmProjectManager::~RyvPrmProjectManager() {
     setOpenProjects(nullptr);
-    unHookOZMZarnEventHandler(); // the handler lives longer
+    addinHandler_->__RemoveAllEventHandlers(this); // the handler lives longer
     notifier_.reset();
     locker_->unlockAllFiles();
     locker_.reset();
@@ -72,7 +72,7 @@ bool RyvPrmProjectManager::getActiveProjectID(CString& projectId) const {
 }
 
 bool RyvPrmProjectManager::isActiveProject(CStringView projectId) const {
-    return equalNoCase(replaceAll(projectId, u'/', u'\\'), activeId_);
+    return !activeId_.empty() && equalNoCase(replaceAll(projectId, u'/', u'\\'), activeId_);
 }
 
 bool RyvPrmProjectManager::findMatchingProject(CStringView drawing, CString& projectId) const {

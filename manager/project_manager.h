@@ -25,9 +25,9 @@ using OptionalPath = std::optional<CStringView>;
 /// the active project.
 ///
 /// Results say whether the operation succeeded; nothing is shown to the user unless an operation says so, and
-/// nothing throws. Main thread only. Whatever calls LISP, fires an event or asks the user may find anything
-/// changed when it goes on: projects opened, read again or closed. So pointers to projects are not kept
-/// across such calls.
+/// nothing throws. Main thread only, and nobody ends the manager from within one of its events. Whatever
+/// calls LISP, fires an event or asks the user may find anything changed when it goes on: projects opened,
+/// read again or closed. So pointers to projects are not kept across such calls.
 class RyvPrmProjectManager final : public ProjectEvents, private OpenProjects {
 public:
     /// More projects than this are never open for long: the next activation closes one.
@@ -99,6 +99,7 @@ public:
 
     // Drawings and subfolders ---------------------------------------------------------------------------
     // Each is on disk before its event. A change that cannot be written stays in memory, without an event.
+    // Whoever calls has locked the project's files (lockProjectFiles()) where others may work on them.
 
     /// Adds a drawing, into the subfolder set with SetNewDwgSubfolderTrace(), which is forgotten then.
     /// `updateTerms`: its terminal links are brought into the project's database first, `quiet` without
@@ -164,11 +165,19 @@ public:
 
     // Start-up, add-ins, watching -----------------------------------------------------------------------
 
+    /// Records an open project's state in the list of last projects.
+    void recordOpenState(CStringView projectId);
+
+    /// False when the projects of the last run are being opened already; true begins it, until
+    /// endStartupLoading().
+    bool beginStartupLoading() noexcept { return !std::exchange(startupLoading_, true); }
+    void endStartupLoading() noexcept { startupLoading_ = false; }
+
     void setInitialOpenCompleteTrue() noexcept { initialOpenComplete_ = true; }
     bool InitialOpenComplete() const noexcept { return initialOpenComplete_; }
     void StartupProjectLoadingComplete() { onStartupProjectLoadingComplete(); }
     /// The host made a drawing current.
-    void drawingActivated(const CString& drawing) { onDrawingActivate(drawing); }
+    void drawingActivated(CStringView drawing);
 
     /// The add-in handler's events reach the manager's subscribers between these two.
     void hookOZMZarnEventHandler();
@@ -193,7 +202,9 @@ private:
     Project read(const CString& projectId);
     void watch(const CString& projectId);
     void unwatch(const CString& projectId);
+    void rewatch(const CString& projectId, const CStringArray& removed);
     void recordOpened(const CString& projectId);
+    bool reRead(const Project& project, bool afterNotice);
     void closeBeyondLimit();
     bool activateNextOf(CStringView projectId);
     void queueRereadInLisp();
@@ -206,7 +217,7 @@ private:
     void onFileDeleted(const CString& path);
     void onFileRenamed(const CString& oldPath, const CString& newPath);
     bool openProjectOfTaskFile(const CString& path, CString& projectId) const;
-    bool openProjectOfLockFile(const CString& path, CString& projectId) const;
+    CStringArray openProjectsOfLockFile(const CString& path) const;
     static void postReread(WindowHandle window, int index);
 
     void forwardSynchronize(bool& result) { onAddinSynchronize(result); }
@@ -229,6 +240,7 @@ private:
     std::unique_ptr<RyvPrmFileNotifier> notifier_;
     std::unique_ptr<RyvPrmVirtualFileLocker> locker_;
     bool initialOpenComplete_ = false;
+    bool startupLoading_ = false;
     CString toBePacked_;
     RereadTimers timers_;
     CStringList needKQ_MUpdate_;

@@ -37,15 +37,29 @@ void RyvPrmProjectManager::watch(const CString& projectId) {
     locksBehindLinks_.push_back({lockFile, projectId});
 }
 
+/// A file that another open project needs stays watched.
 void RyvPrmProjectManager::unwatch(const CString& projectId) {
-    for (const CString& file : watchedFilesOf(*this, projectId))
-        notifier_->removeFile(file);
+    CStringArray files = watchedFilesOf(*this, projectId);
     std::erase_if(locksBehindLinks_, [&](const LockBehindLink& each) {
         const bool ofProject = equalNoCase(each.projectId, projectId);
         if (ofProject)
-            notifier_->removeFile(each.lockFile);
+            files.push_back(each.lockFile);
         return ofProject;
     });
+    for (const CString& file : files)
+        notifier_->removeFile(file);
+    for (const LockBehindLink& each : locksBehindLinks_)
+        notifier_->addFile(each.lockFile);
+    for (const Project& project : projects_)
+        if (!equalNoCase(project->getProjectID(), projectId) && !files.empty())
+            rewatch(project->getProjectID(), files);
+}
+
+void RyvPrmProjectManager::rewatch(const CString& projectId, const CStringArray& removed) {
+    for (const CString& file : watchedFilesOf(*this, projectId))
+        for (const CString& each : removed)
+            if (equalNoCase(file, each))
+                notifier_->addFile(file);
 }
 
 bool RyvPrmProjectManager::openProjectOfTaskFile(const CString& path, CString& projectId) const {
@@ -56,16 +70,17 @@ bool RyvPrmProjectManager::openProjectOfTaskFile(const CString& path, CString& p
     return project != nullptr;
 }
 
-bool RyvPrmProjectManager::openProjectOfLockFile(const CString& path, CString& projectId) const {
+/// Several, when one is open by its name and through links.
+CStringArray RyvPrmProjectManager::openProjectsOfLockFile(const CString& path) const {
+    CStringArray ids;
     if (path.size() < extensionLength)
-        return false;
-    Project project = find(CStringView(path).substr(0, path.size() - extensionLength));
+        return ids;
+    if (const Project project = find(CStringView(path).substr(0, path.size() - extensionLength)))
+        ids.push_back(project->getProjectID());
     for (const LockBehindLink& each : locksBehindLinks_)
-        if (!project && equalNoCase(each.lockFile, path))
-            project = find(each.projectId);
-    if (project)
-        projectId = project->getProjectID();
-    return project != nullptr;
+        if (equalNoCase(each.lockFile, path))
+            ids.push_back(each.projectId);
+    return ids;
 }
 
 void RyvPrmProjectManager::onFileChangedContent(const CString& path) {
@@ -84,9 +99,10 @@ void RyvPrmProjectManager::onFileCreated(const CString& path) {
     if (isTaskFile(path)) {
         if (openProjectOfTaskFile(path, id))
             onProjectTasksAdded(id, path);
-    } else if (openProjectOfLockFile(path, id)) {
-        onProjectLocked(id);
+        return;
     }
+    for (const CString& each : openProjectsOfLockFile(path))
+        onProjectLocked(each);
 }
 
 void RyvPrmProjectManager::onFileDeleted(const CString& path) {
@@ -94,21 +110,26 @@ void RyvPrmProjectManager::onFileDeleted(const CString& path) {
     if (isTaskFile(path)) {
         if (openProjectOfTaskFile(path, id))
             onProjectTasksDeleted(id, path);
-    } else if (openProjectOfLockFile(path, id)) {
-        onProjectUnlocked(id);
+        return;
     }
+    for (const CString& each : openProjectsOfLockFile(path))
+        onProjectUnlocked(each);
 }
 
 /// A lock file that was renamed counts as released.
 void RyvPrmProjectManager::onFileRenamed(const CString&, const CString& newPath) {
-    CString id;
-    if (openProjectOfLockFile(newPath, id))
-        onProjectUnlocked(id);
+    for (const CString& each : openProjectsOfLockFile(newPath))
+        onProjectUnlocked(each);
+}
+
+void RyvPrmProjectManager::drawingActivated(CStringView drawing) {
+    onDrawingActivate(replaceAll(drawing, u'/', u'\\'));
 }
 
 bool RyvPrmProjectManager::setReReadTimer(CStringView projectId) {
     const NavState* const state = navState();
-    return timers_.start(projectId, state ? state->paletteWindow() : WindowHandle::none);
+    return timers_.start(
+        replaceAll(projectId, u'/', u'\\'), state ? state->paletteWindow() : WindowHandle::none);
 }
 
 void RyvPrmProjectManager::onReReadTimer(WindowHandle window, std::uint32_t timerId) {
@@ -123,8 +144,8 @@ void RyvPrmProjectManager::postReread(WindowHandle window, int index) {
 }
 
 void RyvPrmProjectManager::onReReadMessage(std::uintptr_t index) {
-    if (const RyvPrmProject* const project = getProject(static_cast<int>(index)))
-        reReadProject(CString(project->getProjectID()));
+    if (index < projects_.size())
+        reRead(Project(projects_[index]), true);
 }
 
 } // namespace ryv

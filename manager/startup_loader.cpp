@@ -14,46 +14,57 @@ bool hasCode(const RecentProjects& list, std::size_t index, CStringView code) {
     return index < list.flags.size() && list.flags[index] == code;
 }
 
-/// A handler may end the module's project manager, so it is asked for again at each step.
-void openListed(const RecentProjects& list) {
+void openListed(RyvPrmProjectManager& manager, const RecentProjects& list) {
     for (std::size_t i = 0; i < list.paths.size(); ++i) {
-        RyvPrmProjectManager* const manager = GetProjectManager();
-        if (!manager)
-            return;
         const bool hasNoCode = i >= list.flags.size();
-        const bool activate =
-            hasNoCode ? manager->getActiveProject() == nullptr : hasCode(list, i, activeCode);
+        const bool activate = hasNoCode ? !manager.getActiveProject() : hasCode(list, i, activeCode);
         if (hasNoCode || activate || hasCode(list, i, openCode))
-            manager->openProject(list.paths[i], activate, false);
+            manager.openProject(list.paths[i], activate, false);
     }
 }
 
-void activateFirst(const RecentProjects& list) {
-    for (std::size_t i = 0; i < list.paths.size(); ++i) {
-        RyvPrmProjectManager* const manager = GetProjectManager();
-        if (!manager || manager->getActiveProject())
-            return;
-        if (hasCode(list, i, openCode) && manager->setActiveProject(list.paths[i]))
-            return;
-    }
+void activateFirst(RyvPrmProjectManager& manager, const RecentProjects& list) {
+    for (std::size_t i = 0; i < list.paths.size() && !manager.getActiveProject(); ++i)
+        if (hasCode(list, i, openCode))
+            manager.setActiveProject(list.paths[i]);
 }
+
+/// What is opened may ask the user, and meanwhile the host may come here again.
+class Loading {
+public:
+    explicit Loading(RyvPrmProjectManager& manager)
+        : manager_(manager), begun_(manager.beginStartupLoading()) {}
+    Loading(const Loading&) = delete;
+    Loading& operator=(const Loading&) = delete;
+    ~Loading() {
+        if (begun_)
+            manager_.endStartupLoading();
+    }
+    bool hasBegun() const noexcept { return begun_; }
+
+private:
+    RyvPrmProjectManager& manager_;
+    bool begun_;
+};
 
 } // namespace
 
 void loadLastProjects(ProjectListReader reader) {
-    const RyvPrmProjectManager* const before = GetProjectManager();
-    if (!before || before->InitialOpenComplete())
+    RyvPrmProjectManager* const manager = GetProjectManager();
+    if (!manager || manager->InitialOpenComplete())
+        return;
+    const Loading loading(*manager);
+    if (!loading.hasBegun())
         return;
     RecentProjects list;
     const bool read = reader(list);
     if (read) {
-        openListed(list);
-        activateFirst(list);
+        openListed(*manager, list);
+        activateFirst(*manager, list);
     }
     if (NavState* const state = navState())
         state->afterStartupLoading();
-    RyvPrmProjectManager* const manager = GetProjectManager();
-    if (!read || !manager)
+    if (!read)
         return;
     manager->StartupProjectLoadingComplete();
     manager->setInitialOpenCompleteTrue();

@@ -10,10 +10,10 @@
 
 namespace ryv {
 
-/// Texts addressed by an index from 0 to 76. The record does not interpret them. An absent value and a
-/// present empty one are different states.
 class RyvPrmProject;
 
+/// Texts addressed by an index from 0 to 76. The record does not interpret them. An absent value and a
+/// present empty one are different states.
 class RyvCfgDrawingSettings {
 public:
     enum class Status {

@@ -1,6 +1,7 @@
 #include "model/project.h"
 
 #include "base/fold.h"
+#include "base/text.h"
 #include "bridge/platform.h"
 #include "bridge/project_calls.h"
 
@@ -8,33 +9,68 @@ namespace ryv {
 
 namespace {
 constexpr int linkedProjectSetting = 39;
+constexpr int mostAttempts = 5; // to read while LISP keeps changing the project
 } // namespace
 
 RyvPrmProject::RyvPrmProject() = default;
 RyvPrmProject::~RyvPrmProject() = default;
 
 RyvPrmProject::ReadResult RyvPrmProject::read(CStringView path, int) {
-    projectId_ = path;
+    projectId_ = replaceAll(path, u'/', u'\\');
+    return readRepeatedly(Unwritten::dropped);
+}
+
+RyvPrmProject::ReadResult RyvPrmProject::readAfterNotice() {
+    return readRepeatedly(Unwritten::kept);
+}
+
+RyvPrmProject::ReadResult RyvPrmProject::readRepeatedly(Unwritten unwritten) {
+    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+        bool again = false;
+        const ReadResult result = readOnce(unwritten, again);
+        if (!again)
+            return result;
+    }
+    return failBusy();
+}
+
+RyvPrmProject::ReadResult RyvPrmProject::readOnce(Unwritten unwritten, bool& again) {
     if (writing_ > 0)
-        return ReadResult::failed; // LISP that is asked while writing must not take away what is to be
-                                   // written
-    const CString id = projectId_;
-    const auto fresh = std::make_shared<RyvPrmKQPFiler>(id, false, true);
-    const bool opened = fresh->isOpen() && fresh->readProject();
-    lastError_ = fresh->getLastError();
-    if (!opened || isBeingWritten(*fresh))
+        return failBusy(); // LISP that is asked while writing must not take away what is to be written
+    const auto fresh = std::make_shared<RyvPrmKQPFiler>(projectId_, false, true);
+    const bool readable = fresh->isOpen() && fresh->readProject();
+    noteErrorOf(*fresh);
+    if (!readable)
         return ReadResult::failed;
-    if (isWhatWeHold(*fresh))
+    if (isBeingWritten(*fresh))
+        return failBusy();
+    if (isWhatWeReadOrWrote(*fresh) && (!changedInMemory_ || unwritten == Unwritten::kept))
         return ReadResult::unchanged;
+    const std::uint64_t before = generation_;
     RyvPrmProjectData data;
     fresh->fillFromSections(data); // asks LISP for defaults
-    if (writing_ > 0)
+    again = generation_ != before || writing_ > 0;
+    if (again)
         return ReadResult::failed;
     fresh->closeProject();
     data_.swap(data);
     filer_ = fresh;
     changedInMemory_ = false;
+    ++generation_;
     return ReadResult::replaced;
+}
+
+RyvPrmProject::ReadResult RyvPrmProject::failBusy() {
+    lastError_ = RyvPmUtilsKQPFiler::cannotRead;
+    lastStatus_ = {FileError::busy, 0};
+    lastFile_ = projectId_;
+    return ReadResult::failed;
+}
+
+void RyvPrmProject::noteErrorOf(const RyvPrmKQPFiler& filer) {
+    lastError_ = filer.getLastError();
+    lastStatus_ = filer.lastStatus();
+    lastFile_ = filer.lastFile();
 }
 
 /// This program's writer never makes an empty file, but one that is written in place is empty for a moment.
@@ -44,14 +80,23 @@ bool RyvPrmProject::isBeingWritten(const RyvPrmKQPFiler& fresh) const {
     return hadContent && now && now->size == 0;
 }
 
-bool RyvPrmProject::isWhatWeHold(const RyvPrmKQPFiler& fresh) const {
-    return filer_ && !changedInMemory_ && filer_->projectPath() == fresh.projectPath() &&
-           filer_->knownContent() && fresh.knownContent() && *filer_->knownContent() == *fresh.knownContent();
+bool RyvPrmProject::isWhatWeReadOrWrote(const RyvPrmKQPFiler& fresh) const {
+    return filer_ && filer_->projectPath() == fresh.projectPath() && filer_->knownContent() &&
+           fresh.knownContent() && *filer_->knownContent() == *fresh.knownContent();
+}
+
+bool RyvPrmProject::isFileUntouched() const {
+    FileInformation now;
+    if (!filer_ || !filer_->knownContent() || !platform().os.files->information(projectId_, now).ok())
+        return false;
+    const Fingerprint& known = *filer_->knownContent();
+    return known.device == now.device && known.inode == now.inode && known.size == now.size &&
+           known.modifiedNanoseconds == now.modifiedNanoseconds;
 }
 
 bool RyvPrmProject::write(RyvPrmKQPFiler& filer, CStringView path) {
     const bool written = filer.openProject(path, true) && filer.writeProject(data_);
-    lastError_ = filer.getLastError();
+    noteErrorOf(filer);
     filer.closeProject();
     return written;
 }
@@ -60,18 +105,21 @@ bool RyvPrmProject::writeProject(const CString* path) {
     if (!filer_)
         filer_ = std::make_shared<RyvPrmKQPFiler>(true);
     const std::shared_ptr<RyvPrmKQPFiler> filer = filer_;
-    const bool own = !path || equalNoCase(*path, projectId_);
+    const CString target = path ? replaceAll(*path, u'/', u'\\') : projectId_;
+    const bool own = equalNoCase(target, projectId_);
     bool written = false;
     ++writing_;
     if (own) {
         written = write(*filer, projectId_);
     } else {
         RyvPrmKQPFiler other(true); // the guard of this project's own file stays as it is
-        written = write(other, *path);
+        written = write(other, target);
     }
     --writing_;
-    if (written && own)
+    if (written && own) {
         changedInMemory_ = false;
+        ++generation_;
+    }
     if (written)
         lisp::updateDrawingList();
     return written;
@@ -79,6 +127,7 @@ bool RyvPrmProject::writeProject(const CString* path) {
 
 RyvPrmProjectData& RyvPrmProject::editProjectData() noexcept {
     changedInMemory_ = true;
+    ++generation_;
     return data_;
 }
 
@@ -92,11 +141,15 @@ bool RyvPrmProject::isOZMProject() const {
 bool RyvPrmProject::addFile(std::unique_ptr<RyvPrmFileDetails> details, const CString& trace) {
     if (!details)
         return false;
+    RyvPrmFileDetails* const entry = details.get();
+    const CString path(details->getFileName());
+    if (!editProjectData().addFile(std::move(details), &trace))
+        return false;
     if (filer_) {
-        filer_->AddFile(details->getFileName());
-        details->setFileId(filer_->GetFileId(details->getFileName()));
+        filer_->AddFile(path); // without an identifier when the store cannot be understood
+        entry->setFileId(filer_->GetFileId(path));
     }
-    return editProjectData().addFile(std::move(details), &trace);
+    return true;
 }
 
 bool RyvPrmProject::addFiles(const CArray<RyvPrmFileDetails>& drawings, const CString& trace) {

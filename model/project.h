@@ -31,16 +31,27 @@ public:
     /// was read whole. False, with the old content kept, when it cannot be read. The second argument is part
     /// of the interface and has no meaning.
     bool readProject(CStringView path, int unused = 0) { return read(path, unused) != ReadResult::failed; }
-    /// The same, telling more. A file that is suddenly empty counts as being written.
+    /// The same, telling more. A file that is suddenly empty counts as being written. Content that LISP
+    /// changes while it is asked for defaults is newer than what was read: the file is read again then.
     ReadResult read(CStringView path, int unused = 0);
+
+    /// The same for the project's own file after a notice that it changed: when it holds what this object
+    /// read or wrote last, changes in memory that are not written yet stay (`unchanged`).
+    ReadResult readAfterNotice();
+
+    /// Whether the file looks as it did when it was read or written last, without reading it.
+    bool isFileUntouched() const;
 
     /// Writes the content to `path`, or to the project's file when that is null, and lets LISP bring its list
     /// of drawings up to date. False when the file cannot be opened or written, or when another process
     /// changed it since it was read; the file is what it was then, and the content stays in memory.
     bool writeProject(const CString* path = nullptr);
 
-    /// Why the last read or write failed: one of RyvPmUtilsKQPFiler's errors.
+    /// Why the last read or write failed: one of RyvPmUtilsKQPFiler's errors, the file operation behind it,
+    /// and the file that it concerns. A file that is being written is `busy`.
     int getLastError() const noexcept { return lastError_; }
+    FileStatus lastStatus() const noexcept { return lastStatus_; }
+    const CString& lastFile() const noexcept { return lastFile_; }
 
     const RyvPrmProjectData& getProjectData() const noexcept { return data_; }
     /// The same for changing it: what is changed here stays until the file is read again.
@@ -63,7 +74,7 @@ public:
     bool pathCheckCancelled = false;
 
     /// Changes in memory, which writeProject() makes last. They forward to RyvPrmProjectData, and those that
-    /// concern names of drawings tell the companion store first, so that identifiers follow.
+    /// concern names of drawings tell the companion store, so that identifiers follow.
     bool addFile(std::unique_ptr<RyvPrmFileDetails> details, const CString& trace);
     /// Copies of all, at the top level or in the subfolder of `trace`.
     bool addFiles(const CArray<RyvPrmFileDetails>& drawings, const CString& trace);
@@ -84,16 +95,24 @@ public:
     bool isFileInProject(CStringView path, bool* isReferenceOnly = nullptr) const;
 
 private:
+    enum class Unwritten { dropped, kept }; ///< what becomes of changes in memory
+    ReadResult readOnce(Unwritten unwritten, bool& again);
+    ReadResult readRepeatedly(Unwritten unwritten);
     bool isBeingWritten(const RyvPrmKQPFiler& fresh) const;
-    bool isWhatWeHold(const RyvPrmKQPFiler& fresh) const;
+    bool isWhatWeReadOrWrote(const RyvPrmKQPFiler& fresh) const;
+    ReadResult failBusy();
+    void noteErrorOf(const RyvPrmKQPFiler& filer);
     bool write(RyvPrmKQPFiler& filer, CStringView path);
 
     CString projectId_;
     RyvPrmProjectData data_;
     std::shared_ptr<RyvPrmKQPFiler> filer_; // shared: a read may put another one here while LISP runs
     int lastError_ = RyvPmUtilsKQPFiler::noError;
+    FileStatus lastStatus_;
+    CString lastFile_;
     bool changedInMemory_ = false;
-    int writing_ = 0; // depth: LISP may change and write the project while it is being written
+    std::uint64_t generation_ = 0; // of the content: grows with every change
+    int writing_ = 0;              // depth: LISP may change and write the project while it is being written
     bool useZarn_ = false;
 };
 

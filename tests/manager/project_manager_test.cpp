@@ -110,6 +110,17 @@ TEST_F(ProjectManagerTest, open_firesInOrderAndRecords) {
     EXPECT_EQ(surroundings.catalogBrowser.notified, 2u);
 }
 
+TEST_F(ProjectManagerTest, catalogBrowserThatCannotBeLoaded_isNamed_andLookedForAgain) {
+    surroundings.catalogBrowser.available = false;
+    open(project("a"), true);
+    EXPECT_EQ(surroundings.console.printed, u"Unable to load module [RYVCATALOGBROWSERMGDREV.dll].\n");
+    surroundings.catalogBrowser.available = true;
+    manager->reReadProject();
+    manager->reReadProject();
+    EXPECT_EQ(surroundings.catalogBrowser.loaded.size(), 2u);
+    EXPECT_EQ(surroundings.catalogBrowser.notified, 2u);
+}
+
 TEST_F(ProjectManagerTest, secondProjectOfAName_isRefused_unlessTheCheckIsSkipped) {
     open(project("a"));
     files.put(u"D:\\A.kqp", "\n");

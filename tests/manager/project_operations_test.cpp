@@ -106,6 +106,21 @@ TEST_F(OperationsTest, failedWrite_keepsTheChangeInMemory_andTellsNobody) {
     EXPECT_TRUE(manager->isFileInProject(path("four.dwg")));
 }
 
+TEST_F(OperationsTest, noticeOfOurOwnWrite_leavesUnwrittenChangesAlone) {
+    manager->addFileToProject(four());
+    RyvPmMiscProjSettings settings;
+    const CString link = u"link";
+    settings.setValue(39, &link);
+    manager->setMiscProjSettingsInProject(settings);
+    story();
+    surroundings.monitor.notify(a, FileChange::contentChanged);
+    surroundings.messages.advance(std::chrono::milliseconds(100));
+    EXPECT_EQ(story(), "preReRead a.kqp, reRead a.kqp");
+    EXPECT_TRUE(manager->getProject(0)->isOZMProject());
+    EXPECT_TRUE(manager->reReadProject()); // who asks for it gets what is on disk
+    EXPECT_FALSE(manager->getProject(0)->isOZMProject());
+}
+
 TEST_F(OperationsTest, miscSettings_areLeftForTheCallerToWrite) {
     RyvPmMiscProjSettings settings;
     const CString link = u"link";

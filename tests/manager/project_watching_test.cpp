@@ -55,6 +55,15 @@ TEST_F(WatchingTest, changesThatConcernNobody_startNothing) {
     EXPECT_EQ(after(200), "");
 }
 
+TEST_F(WatchingTest, changeBetweenReadingAndWatching_isNotLost) {
+    const CString b = project("b");
+    files.put(b, "lost.dwg\n"); // a drawing that is not there: the user is asked before the file is watched
+    surroundings.ui.meanwhile = [&] { files.put(b, "theirs.dwg\n"); };
+    open(b);
+    EXPECT_EQ(after(100), "open b.kqp, preReRead b.kqp, reRead b.kqp");
+    EXPECT_TRUE(manager->isFileInProject(path("theirs.dwg"), b));
+}
+
 TEST_F(WatchingTest, noTimerLeft_dropsTheChange) {
     surroundings.messages.hasTimers = false;
     EXPECT_TRUE(manager->setReReadTimer(a));
@@ -91,6 +100,19 @@ TEST_F(WatchingTest, monitorThatFails_isReplacedByLooking) {
     EXPECT_EQ(after(2200), "readOnly b.kqp, unlocked b.kqp");
     manager->closeProject(b, false);
     EXPECT_EQ(surroundings.messages.timerCount(), 0u);
+}
+
+TEST_F(WatchingTest, monitorThatDoesNotStart_isReplacedByLooking) {
+    recorder.reset();
+    state.destroyProjectManager();
+    surroundings.monitor.startResult = {FileError::unsupported, 0};
+    state.createProjectManager();
+    manager = state.projectManager();
+    recorder.emplace(*manager);
+    open(a);
+    story();
+    files.put(a, "new.dwg\n");
+    EXPECT_EQ(after(2200), "preReRead a.kqp, reRead a.kqp");
 }
 
 TEST_F(WatchingTest, fourteenEvents_areRelayedToTheLog_whileTheNotifierLives) {

@@ -91,6 +91,49 @@ TEST_F(ReentryTest, handlersThatOpenCloseAndActivate_leaveOneActiveProject) {
     EXPECT_EQ(manager->getProjectCount(), 2);
 }
 
+TEST_F(ReentryTest, changeDuringAReRead_isNotLost) {
+    files.put(a, "+[1]x\ntheirs.dwg\n");
+    insideLisp(u"kq_xref_tbl_indexlst", [this] { // the newer content is read first, then changed
+        EXPECT_TRUE(manager->reReadProject());
+        EXPECT_TRUE(manager->addFileToProject(drawing(path("mine.dwg"))));
+    });
+    EXPECT_TRUE(manager->reReadProject());
+    EXPECT_TRUE(manager->isFileInProject(path("mine.dwg")));
+    EXPECT_TRUE(manager->addFileToProject(drawing(path("more.dwg"))));
+    EXPECT_NE(bytes(a).find("theirs.dwg\nmine.dwg\nmore.dwg"), std::string::npos) << bytes(a);
+}
+
+TEST_F(ReentryTest, projectClosedBeforeItsChange_isLeftAlone) {
+    const std::string before = bytes(a);
+    at("preM", [this] { manager->closeProject(a, true); });
+    EXPECT_FALSE(manager->modifyDetailsForFileInProject(RyvPrmFileDetails(path("one.dwg"))));
+    EXPECT_EQ(bytes(a), before);
+    open(a);
+    EXPECT_FALSE(manager->setMiscProjSettingsInProject({}));
+}
+
+TEST_F(ReentryTest, stateInTheLastProjectList_isTheOneItEndsIn) {
+    const CString b = project("b");
+    at("open b", [&] { manager->setActiveProject(b); });
+    open(b);
+    EXPECT_EQ(lastProjects(), "b.kqp:2 a.kqp:1");
+    const CString c = project("c");
+    at("open c", [&] { manager->closeProject(c, false); });
+    open(c);
+    EXPECT_EQ(lastProjects(), "c.kqp:0 b.kqp:2 a.kqp:1");
+    recorder->during = [](const std::string&) {};
+    const DocumentId document = surroundings.documents.openDocument(u"C:\\d.dwg");
+    surroundings.documents.setQuiescent(document, false);
+    open(project("d"));
+    manager->setActiveProject(path("d.kqp"));
+    EXPECT_TRUE(state.deferredRequests().flush());
+    EXPECT_EQ(lastProjects(), "d.kqp:2 c.kqp:0 b.kqp:1 a.kqp:1");
+    manager->closeProject(path("d.kqp"), true);
+    open(path("d.kqp"), true); // active already, and to be opened in the next run
+    EXPECT_TRUE(state.deferredRequests().flush());
+    EXPECT_EQ(lastProjects(), "d.kqp:2 c.kqp:0 b.kqp:1 a.kqp:1");
+}
+
 TEST_F(ReentryTest, drawingsGetTheDefaultsOfTheActiveProject) {
     files.put(a, "?[0]V\n+[28]1\none.dwg\n");
     manager->reReadProject();

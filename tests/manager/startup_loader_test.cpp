@@ -2,6 +2,7 @@
 
 #include "tests/manager/manager_fixture.h"
 
+#include <algorithm>
 #include <thread>
 
 namespace ryv::test {
@@ -32,6 +33,15 @@ TEST_F(StartupTest, withoutAnActiveOne_theFirstOpenOneIsActivated) {
     EXPECT_EQ(story(), "open c.kqp, veto?, setActive c.kqp, actived c.kqp, startUpComplete");
 }
 
+TEST_F(StartupTest, loadingDuringAQuestion_happensOnce) {
+    remember({{"", last_project::open}, {"a", last_project::open}, {"b", last_project::active}});
+    files.put(path("b.kqp"), "missing.dwg\n");
+    surroundings.ui.meanwhile = [] { loadLastProjects(readLastProjects); };
+    loadLastProjects(readLastProjects);
+    EXPECT_EQ(
+        story(), "open .kqp, open a.kqp, open b.kqp, veto?, setActive b.kqp, actived b.kqp, startUpComplete");
+}
+
 TEST_F(StartupTest, listThatCannotBeRead_isTriedAgain) {
     loadLastProjects(readLastProjects);
     EXPECT_FALSE(manager->InitialOpenComplete());
@@ -47,21 +57,26 @@ TEST_F(StartupTest, listThatCannotBeRead_isTriedAgain) {
 TEST_F(StartupTest, deferredRequests_ofOtherThreads_areAllRunOnce) {
     surroundings.documents.openDocument(u"C:\\d.dwg");
     constexpr int each = 200;
-    const auto add = [this] {
-        for (int i = 0; i < each; ++i)
-            state.deferredRequests().add({DeferredRequest::Kind::rereadInLisp, {}});
+    const auto add = [this](CStringView project) {
+        for (int i = 0; i < each; ++i) {
+            DeferredRequest request{DeferredRequest::Kind::recordLastProject, {}};
+            request.data.addString(project).addInteger(last_project::closed);
+            state.deferredRequests().add(std::move(request));
+        }
     };
-    std::thread first(add);
-    std::thread second(add);
+    std::thread first(add, u"C:\\first.kqp");
+    std::thread second(add, u"C:\\second.kqp");
     for (int i = 0; i < 100; ++i)
         state.deferredRequests().flush();
     first.join();
     second.join();
     state.deferredRequests().flush();
-    EXPECT_EQ(surroundings.documents.sent.size(), 2u * each);
     EXPECT_EQ(state.deferredRequests().count(), 0u);
-    surroundings.documents.open = false;
+    RecentProjects list;
+    readLastProjects(list);
+    EXPECT_EQ(std::count(list.flags.begin(), list.flags.end(), u"0"), 2);
     state.deferredRequests().add({DeferredRequest::Kind::rereadInLisp, {}});
+    state.deferredRequests().add({DeferredRequest::Kind::rereadInLisp, {}}); // one serves both
     surroundings.documents.activate(DocumentId::none);
     EXPECT_FALSE(state.deferredRequests().flush()); // kept until a document is active
     EXPECT_EQ(state.deferredRequests().count(), 1u);
