@@ -3,6 +3,8 @@
 #include "base/format.h"
 #include "base/paths.h"
 #include "bridge/platform.h"
+#include "manager/existing_files.h"
+#include "manager/shown_messages.h"
 #include "resources/message_numbers.h"
 #include "resources/messages.h"
 #include "siblings/ut_file.h"
@@ -12,11 +14,6 @@ namespace ryv {
 namespace {
 
 constexpr CStringView drawingExtension = u".dwg";
-
-bool exists(CStringView path) {
-    FileInformation found;
-    return platform().os.files->information(path, found).ok();
-}
 
 CString nameOf(CStringView path) {
     return CString(paths::findFileName(path));
@@ -46,13 +43,8 @@ CString firstMissing(const RyvPrmProject& project) {
 }
 
 bool userAgrees(int text, int title, std::initializer_list<FormatArgument> arguments) {
-    MessageBoxRequest request;
-    request.message = text;
-    request.text = format(messageText(text), arguments);
-    request.caption = messageText(title);
-    request.icon = MessageIcon::question;
-    request.buttons = MessageButtons::okCancel;
-    return platform().ui->messageBox(request) == Answer::ok;
+    return showMessage({text, title, MessageIcon::question, MessageButtons::okCancel}, arguments) ==
+           Answer::ok;
 }
 
 /// The folder of the file that the user picks; empty when none is picked. The front end shows the file dialog

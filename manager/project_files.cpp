@@ -2,6 +2,7 @@
 
 #include "base/text.h"
 #include "bridge/platform.h"
+#include "manager/existing_files.h"
 #include "manager/project_manager.h"
 #include "siblings/rypx_filer.h"
 
@@ -10,11 +11,6 @@ namespace ryv {
 namespace {
 
 constexpr CStringView projectEnd = u"kqp";
-
-bool exists(CStringView path) {
-    FileInformation found;
-    return platform().os.files->information(path, found).ok();
-}
 
 template <class Paths>
 void appendDrawings(const RyvPrmProject& project, Paths& paths) {

@@ -1,7 +1,6 @@
 // Opening, activating, closing, re-reading and replacing projects.
 
 #include "base/fold.h"
-#include "base/format.h"
 #include "base/text.h"
 #include "bridge/command_strings.h"
 #include "bridge/platform.h"
@@ -10,8 +9,8 @@
 #include "manager/last_project_list.h"
 #include "manager/nav_state.h"
 #include "manager/project_manager.h"
+#include "manager/shown_messages.h"
 #include "resources/message_numbers.h"
-#include "resources/messages.h"
 
 #include <stdexcept>
 
@@ -23,13 +22,9 @@ constexpr CStringView sameNameDialog = u"RyvPageMan.BrowseOpenLastProjSameName";
 constexpr CStringView projectNameVariable = u"ProjectName";
 
 bool userReplacesProject(const CString& name) {
-    MessageBoxRequest request;
-    request.message = message::replaceOpenProject;
-    request.text = messageText(message::replaceOpenProject);
-    request.caption = format(messageText(message::replaceOpenProjectTitle), {name});
-    request.icon = MessageIcon::warning;
-    request.buttons = MessageButtons::yesNo;
-    return platform().ui->messageBox(request) == Answer::yes;
+    const ShownMessage question{message::replaceOpenProject, message::replaceOpenProjectTitle,
+        MessageIcon::warning, MessageButtons::yesNo};
+    return showMessage(question, {}, {name}) == Answer::yes;
 }
 
 void tellThatLastProjectStays(const CString& name) {

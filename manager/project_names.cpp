@@ -4,6 +4,7 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "bridge/platform.h"
+#include "manager/existing_files.h"
 #include "manager/project_manager.h"
 #include "siblings/ut_file.h"
 
@@ -81,9 +82,7 @@ bool RyvPrmProjectManager::generateProjectFileNameFromTaskName(
 bool RyvPrmProjectManager::projectHasTasks(OptionalPath projectId) const {
     const Project project = find(projectId);
     CString taskFile;
-    FileInformation found;
-    return project && generateTaskFileNameForProject(project->getProjectID(), taskFile) &&
-           platform().os.files->information(taskFile, found).ok();
+    return project && generateTaskFileNameForProject(project->getProjectID(), taskFile) && exists(taskFile);
 }
 
 bool RyvPrmProjectManager::getProjectDbFullPath(OptionalPath projectId, CString& path) const {

@@ -1,23 +1,16 @@
 // The check of a project's drawing paths at its opening, and writing what was repaired.
 
-#include "base/format.h"
-#include "bridge/platform.h"
 #include "manager/path_check.h"
 #include "manager/project_manager.h"
+#include "manager/shown_messages.h"
 #include "resources/message_numbers.h"
-#include "resources/messages.h"
 
 namespace ryv {
 
 namespace {
 
 void showError(int title, int text, std::initializer_list<FormatArgument> arguments) {
-    MessageBoxRequest request;
-    request.message = text;
-    request.text = format(messageText(text), arguments);
-    request.caption = messageText(title);
-    request.icon = MessageIcon::error;
-    platform().ui->messageBox(request);
+    showMessage({text, title}, arguments);
 }
 
 /// Why the repaired project cannot be written; of a lock that is free or the user's own there is nothing to
