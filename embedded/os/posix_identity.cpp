@@ -20,25 +20,6 @@ namespace {
 constexpr std::size_t firstSize = 1024;
 constexpr std::size_t lastSize = std::size_t{1} << 20;
 
-struct Account {
-    std::string login;
-    std::string comment;
-};
-
-/// The account of the effective user; empty when there is none.
-Account account() {
-    for (std::vector<char> buffer(firstSize); buffer.size() <= lastSize; buffer.resize(2 * buffer.size())) {
-        passwd entry{};
-        passwd* found = nullptr;
-        const int error = ::getpwuid_r(::geteuid(), &entry, buffer.data(), buffer.size(), &found);
-        if (found)
-            return {found->pw_name ? found->pw_name : "", found->pw_gecos ? found->pw_gecos : ""};
-        if (error != ERANGE && error != EINTR)
-            break;
-    }
-    return {};
-}
-
 } // namespace
 
 CString fullNameFromComment(std::string_view comment, CStringView login) {
@@ -49,12 +30,35 @@ CString fullNameFromComment(std::string_view comment, CStringView login) {
     return CString(ryv::trim(ryv::replaceAll(name, u"&", capital)));
 }
 
+/// Empty when there is none.
+PosixIdentity::Account PosixIdentity::accountOf(unsigned user) {
+    for (std::vector<char> buffer(firstSize); buffer.size() <= lastSize; buffer.resize(2 * buffer.size())) {
+        passwd entry{};
+        passwd* found = nullptr;
+        const int error = ::getpwuid_r(user, &entry, buffer.data(), buffer.size(), &found);
+        if (found)
+            return {found->pw_name ? found->pw_name : "", found->pw_gecos ? found->pw_gecos : ""};
+        if (error != ERANGE && error != EINTR)
+            break;
+    }
+    return {};
+}
+
+const PosixIdentity::Account& PosixIdentity::account() {
+    const unsigned user = ::geteuid();
+    if (user_ == user)
+        return account_;
+    account_ = accountOf(user);
+    user_ = account_.login.empty() ? std::nullopt : std::optional(user);
+    return account_;
+}
+
 CString PosixIdentity::userName() {
     return ryv::nameFromBytes(account().login);
 }
 
 CString PosixIdentity::fullUserName() {
-    const Account user = account();
+    const Account& user = account();
     return fullNameFromComment(user.comment, ryv::nameFromBytes(user.login));
 }
 
