@@ -15,6 +15,10 @@ namespace {
 
 constexpr std::size_t shortestPath = 4;
 
+bool isLockFileLive(Files& files, CStringView lockPath) {
+    return clearStaleLockFile(files, lockPath, platform().os.identity->computerName());
+}
+
 /// Nobody's lock file is in the way; what remains is whether one could be made.
 _lockStatus statusOfFolder(Files& files, CStringView lockPath) {
     return files.checkFolderWritable(paths::folderOf(lockPath)).ok() ? lockNone : lockFolderReadOnly;
@@ -33,7 +37,7 @@ _lockStatus readRecord(CStringView path, CString& record) {
     if (information.readOnly)
         return lockReadOnly;
     const CString lockPath = lockFileNameFor(files, path);
-    if (!clearStaleLockFile(files, lockPath))
+    if (!isLockFileLive(files, lockPath))
         return statusOfFolder(files, lockPath);
     const FileStatus read = readLockFile(files, lockPath, record);
     if (read.error == FileError::missing) // given up since the last look
@@ -64,6 +68,8 @@ bool RyvPrmVirtualFileLocker::lockFile(CStringView path) {
     if (!taken.ok()) // another process may have been faster, of this user too
         return taken.error == FileError::busy && whoLocked(path, who) == lockMine;
     lock->isOpen = true;
+    // One taken before under this name went when somebody removed its lock file.
+    std::erase_if(locks_, [&](const auto& each) { return each->lockFile == lock->lockFile; });
     locks_.push_back(std::move(lock));
     return true;
 }
@@ -94,7 +100,7 @@ bool RyvPrmVirtualFileLocker::isLocked(CStringView path) {
     if (path.empty())
         return false;
     Files& files = *platform().os.files;
-    if (clearStaleLockFile(files, lockFileNameFor(files, path)))
+    if (isLockFileLive(files, lockFileNameFor(files, path)))
         return true;
     FileInformation information;
     return files.information(path, information).ok() && information.readOnly;

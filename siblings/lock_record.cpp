@@ -30,6 +30,13 @@ std::optional<LockRecord> parseLockRecord(CStringView record) {
     return parts;
 }
 
+CStringView computerOf(CStringView record) {
+    if (!parseLockRecord(record))
+        return {};
+    const CStringView line = record.substr(findUnit(record, u'\n') + 1);
+    return line.substr(0, line.find_first_of(u" \n"));
+}
+
 bool haveSameHolder(CStringView record, CStringView other) {
     const auto a = parseLockRecord(record);
     const auto b = parseLockRecord(other);

@@ -29,6 +29,10 @@ CString makeLockRecord(
 /// a blank, and everybody who shows or compares holders relies on the shorter form.
 std::optional<LockRecord> parseLockRecord(CStringView record);
 
+/// The name of the computer in a record: its second line up to the first blank, which names of computers do
+/// not hold. Empty when the record cannot be taken apart. Lives as long as the record.
+CStringView computerOf(CStringView record);
+
 /// Whether two records name the same holder, without regard to case. A record that cannot be taken apart has
 /// none, and is nobody's.
 bool haveSameHolder(CStringView record, CStringView other);

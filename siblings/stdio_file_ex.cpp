@@ -2,7 +2,6 @@
 
 #include "base/encoding.h"
 
-#include <array>
 #include <string>
 
 namespace ryv {
@@ -17,7 +16,24 @@ OpenMode openModeOf(unsigned flags) {
     return (flags & RyvStdioFileEx::modeExclusive) != 0 ? OpenMode::createExclusive : OpenMode::openOrCreate;
 }
 
+/// Asks for one byte more than a record has, so that a longer one shows.
+FileStatus readBytes(OpenFile& file, std::string& bytes) {
+    bytes.resize(RyvStdioFileEx::longestRecord + 1);
+    std::size_t count = 0;
+    const FileStatus status = file.read(bytes, count);
+    bytes.resize(count);
+    return status.ok() && count > RyvStdioFileEx::longestRecord ? FileStatus{FileError::tooLarge, 0} : status;
+}
+
 } // namespace
+
+FileStatus readBinaryRecord(OpenFile& file, CString& record) {
+    std::string bytes;
+    const FileStatus status = readBytes(file, bytes);
+    if (status.ok())
+        record = decodeUtf16(bytes, false);
+    return status;
+}
 
 FileStatus RyvStdioFileEx::Open(CStringView path, unsigned flags) {
     binary_ = (flags & typeBinary) != 0;
@@ -32,17 +48,13 @@ FileStatus RyvStdioFileEx::Open(CStringView path, unsigned flags) {
 }
 
 FileStatus RyvStdioFileEx::ReadRecord(CString& record) {
+    if (binary_)
+        return readBinaryRecord(file_, record);
     std::string bytes;
-    std::array<char, 4096> block;
-    std::size_t count = 0;
-    do {
-        const FileStatus status = file_.read(block, count);
-        if (!status.ok())
-            return status;
-        bytes.append(block.data(), count);
-    } while (count == block.size());
-    record = binary_ ? decodeUtf16(bytes, false) : decodeUtf8(bytes);
-    return {};
+    const FileStatus status = readBytes(file_, bytes);
+    if (status.ok())
+        record = decodeUtf8(bytes);
+    return status;
 }
 
 FileStatus RyvStdioFileEx::WriteString(CStringView text) {

@@ -19,6 +19,8 @@ public:
         modeExclusive = 16  ///< with modeCreate: fails with `exists` when the file is there
     };
 
+    static constexpr std::size_t longestRecord = 65536; ///< bytes
+
     /// `files` outlives the object.
     explicit RyvStdioFileEx(Files& files) noexcept : file_(files) {}
 
@@ -26,7 +28,8 @@ public:
     FileStatus Open(CStringView path, unsigned flags);
     bool IsOpen() const noexcept { return file_.isOpen(); }
 
-    /// Reads from the file position to the end. In binary mode an odd byte at the end is left out.
+    /// Reads from the file position to the end. In binary mode an odd byte at the end is left out. `tooLarge`
+    /// when there are more bytes than longestRecord; `record` stays as it was after a failure.
     FileStatus ReadRecord(CString& record);
 
     /// Writes at the file position.
@@ -45,5 +48,8 @@ private:
     OpenFile file_;
     bool binary_ = false;
 };
+
+/// RyvStdioFileEx::ReadRecord in binary mode, of a file that is open already.
+FileStatus readBinaryRecord(OpenFile& file, CString& record);
 
 } // namespace ryv

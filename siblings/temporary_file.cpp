@@ -1,7 +1,5 @@
 #include "siblings/temporary_file.h"
 
-#include "base/fold.h"
-
 #include <thread>
 
 namespace ryv {
@@ -26,7 +24,8 @@ FileStatus openForLock(OpenFile& file, CStringView path) {
 
 } // namespace
 
-FileStatus removeUnlocked(Files& files, CStringView path, milliseconds wait, Leftover& result) {
+FileStatus removeUnlocked(
+    Files& files, CStringView path, milliseconds wait, Leftover& result, const MayRemove& mayRemove) {
     result = Leftover::gone;
     OpenFile file(files);
     FileStatus status = openForLock(file, path);
@@ -42,6 +41,10 @@ FileStatus removeUnlocked(Files& files, CStringView path, milliseconds wait, Lef
     bool same = false;
     if (status.ok())
         status = isStillAt(files, file.handle(), path, same);
+    if (status.ok() && same && mayRemove && !mayRemove(file)) {
+        result = Leftover::untold;
+        return {};
+    }
     if (status.ok() && same)
         status = files.remove(path);
     return status.error == FileError::missing ? FileStatus{} : status;
@@ -79,31 +82,9 @@ FileStatus TemporaryFile::tryToMake(milliseconds wait, bool& again) {
     if (leftover == Leftover::untold)
         std::this_thread::sleep_for(exclusivePause);
     if (leftover == Leftover::gone)
-        removeDanglingLink();
+        static_cast<void>(danglingLink_.look());
     again = status.ok() && leftover != Leftover::inUse;
     return leftover == Leftover::inUse ? FileStatus{FileError::busy, 0} : status;
-}
-
-/// A name that is taken and leads nowhere is a symbolic link whose target is missing. The temporary file of
-/// somebody who saves again and again is missing at some moments too, and must never be removed for that:
-/// only a link leads to another path than its own.
-bool TemporaryFile::isDanglingLink() {
-    FileInformation information;
-    if (files_.information(path_, information).error != FileError::missing)
-        return false;
-    CString resolved;
-    const FileStatus status = files_.resolve(path_, resolved);
-    return status.error == FileError::missing || (status.ok() && !equalNoCase(resolved, path_));
-}
-
-/// Removes such a link when it was seen several times running.
-void TemporaryFile::removeDanglingLink() {
-    constexpr int certain = 4;
-    leadsNowhere_ = isDanglingLink() ? leadsNowhere_ + 1 : 0;
-    if (leadsNowhere_ < certain)
-        return;
-    static_cast<void>(files_.remove(path_));
-    leadsNowhere_ = 0;
 }
 
 FileStatus TemporaryFile::make() {

@@ -2,27 +2,36 @@
 // remove only when its maker is gone.
 #pragma once
 
+#include "siblings/dangling_link.h"
 #include "siblings/open_file.h"
+
+#include <functional>
 
 namespace ryv {
 
 enum class Leftover {
     gone,  ///< there is no file any more, or there was none
     inUse, ///< somebody holds its lock
-    untold ///< the file system has no locks to ask
+    untold ///< the file system has no locks to ask, or having the lock was not enough
 };
+
+/// Whether a file whose lock is held here, and which stands at its path, may be removed. Asked where having
+/// the lock is not enough.
+using MayRemove = std::function<bool(OpenFile& file)>;
 
 /// Removes the file at `path` when its lock can be had within `wait`. Only after the lock is held does a
 /// comparison with the path tell whether this is still the file that was opened: its maker may have renamed
 /// it over the target, or another process may have removed it and made the next one. Files `inUse` or
 /// `untold` stay, which is no failure.
-FileStatus removeUnlocked(Files& files, CStringView path, std::chrono::milliseconds wait, Leftover& result);
+FileStatus removeUnlocked(Files& files, CStringView path, std::chrono::milliseconds wait, Leftover& result,
+    const MayRemove& mayRemove = {});
 
 /// The temporary file of one save: made and locked, filled, then renamed away, or removed at the end of its
 /// life.
 class TemporaryFile {
 public:
-    TemporaryFile(Files& files, CString path) : files_(files), path_(std::move(path)), file_(files) {}
+    TemporaryFile(Files& files, CString path)
+        : files_(files), path_(std::move(path)), file_(files), danglingLink_(files, path_) {}
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
     ~TemporaryFile() { discard(); }
@@ -40,8 +49,6 @@ public:
     bool concerned() const noexcept { return concerned_; }
 
 private:
-    bool isDanglingLink();
-    void removeDanglingLink();
     FileStatus tryToMake(std::chrono::milliseconds wait, bool& again);
     FileStatus own(std::chrono::milliseconds wait);
     void discard();
@@ -51,7 +58,7 @@ private:
     OpenFile file_;
     bool owned_ = false;     // it stands at path_, and nobody else may remove or rename it
     bool concerned_ = false; // a file stands, or stood, at path_
-    int leadsNowhere_ = 0;   // how often running the name was taken and led to no file
+    DanglingLink danglingLink_;
 };
 
 } // namespace ryv

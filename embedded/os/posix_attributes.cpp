@@ -107,6 +107,22 @@ FileStatus copyFileAttributes(const std::string& from, int to) {
     return ::fchmod(to, mode) == -1 ? seriousOnly(lastFailure()) : FileStatus{};
 }
 
+FileStatus copyRightsToRead(const std::string& from, int to) {
+    struct stat old {};
+    struct stat made {};
+    if (::stat(from.c_str(), &old) == -1 || ::fstat(to, &made) == -1)
+        return lastFailure();
+    mode_t rights = old.st_mode & (S_IRUSR | S_IRGRP | S_IROTH);
+    mode_t mode = made.st_mode & 07777;
+    if (old.st_gid != made.st_gid) {
+        if (::fchown(to, static_cast<uid_t>(-1), old.st_gid) == 0)
+            mode &= ~static_cast<mode_t>(S_IRWXG); // these were meant for the group that it had
+        else if ((rights & S_IROTH) == 0)
+            rights &= ~static_cast<mode_t>(S_IRGRP);
+    }
+    return ::fchmod(to, mode | rights) == -1 ? lastFailure() : FileStatus{};
+}
+
 FileStatus setWriteProtection(const std::string& path, bool isProtected) {
     constexpr mode_t writeRights = S_IWUSR | S_IWGRP | S_IWOTH;
     struct stat status {};

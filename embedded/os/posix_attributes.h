@@ -14,6 +14,10 @@ namespace drafta {
 /// faulty.
 ryv::FileStatus copyFileAttributes(const std::string& from, int to);
 
+/// Gives the open file `to` the group of the file at `from`, if the user may, and adds its rights to read. A
+/// group that could not be given gets no more rights than everybody. Access lists are not looked at.
+ryv::FileStatus copyRightsToRead(const std::string& from, int to);
+
 /// Takes all write rights off the file at a native path, or gives its owner the right to write.
 ryv::FileStatus setWriteProtection(const std::string& path, bool isProtected);
 

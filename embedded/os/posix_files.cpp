@@ -201,11 +201,21 @@ FileStatus PosixFiles::isLockMarked(FileHandle handle, bool& marked) {
     return isDescriptorMarked(descriptorOf(handle), marked);
 }
 
+FileStatus PosixFiles::mayLockBeLocal(FileHandle handle, bool& local) {
+    return mayDescriptorLockBeLocal(descriptorOf(handle), local);
+}
+
 FileStatus PosixFiles::copyAttributes(CStringView from, FileHandle to) {
     std::string native;
     if (const FileStatus status = mapper_->toNative(from, native); !status.ok())
         return status;
     return copyFileAttributes(native, descriptorOf(to));
+}
+
+FileStatus PosixFiles::copyReadRights(CStringView from, FileHandle to) {
+    std::string native;
+    const FileStatus status = mapper_->toNative(from, native);
+    return status.ok() ? copyRightsToRead(native, descriptorOf(to)) : status;
 }
 
 FileStatus PosixFiles::setReadOnly(CStringView path, bool readOnly) {

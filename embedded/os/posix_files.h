@@ -29,7 +29,9 @@ public:
     ryv::FileStatus lock(ryv::FileHandle handle, std::chrono::milliseconds patience) override;
     ryv::FileStatus markLock(ryv::FileHandle handle) override;
     ryv::FileStatus isLockMarked(ryv::FileHandle handle, bool& marked) override;
+    ryv::FileStatus mayLockBeLocal(ryv::FileHandle handle, bool& local) override;
     ryv::FileStatus copyAttributes(ryv::CStringView from, ryv::FileHandle to) override;
+    ryv::FileStatus copyReadRights(ryv::CStringView from, ryv::FileHandle to) override;
     ryv::FileStatus setReadOnly(ryv::CStringView path, bool readOnly) override;
     /// The mark is the extended attribute "user.hidden".
     ryv::FileStatus setHidden(ryv::CStringView path, bool hidden) override;

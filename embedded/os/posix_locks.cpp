@@ -1,9 +1,11 @@
 #include "embedded/os/posix_locks.h"
 #include "embedded/os/file_error.h"
+#include "embedded/os/remote_file_systems.h"
 
 #include <algorithm>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/vfs.h>
 #include <thread>
 
 namespace drafta {
@@ -16,11 +18,16 @@ namespace {
 
 constexpr milliseconds longestPause{16};
 
-/// Zeros mean the whole file, and that the lock is the open file's rather than the process's.
-struct flock wholeFile(short type) {
+constexpr off_t markedByte = off_t{1} << 62;
+
+/// Where locks on bytes are binding, one on the content would keep everybody from reading it. The process
+/// number stays 0: the lock is the open file's.
+struct flock markOf(short type) {
     struct flock range {};
     range.l_type = type;
     range.l_whence = SEEK_SET;
+    range.l_start = markedByte;
+    range.l_len = 1;
     return range;
 }
 
@@ -47,17 +54,26 @@ FileStatus lockDescriptor(int descriptor, milliseconds patience) {
 }
 
 FileStatus markDescriptor(int descriptor) {
-    struct flock range = wholeFile(F_WRLCK);
+    struct flock range = markOf(F_WRLCK);
     return uninterrupted([&] { return ::fcntl(descriptor, F_OFD_SETLK, &range); }) == -1 ? markFailure()
                                                                                          : FileStatus{};
 }
 
 FileStatus isDescriptorMarked(int descriptor, bool& marked) {
     marked = false;
-    struct flock range = wholeFile(F_RDLCK);
+    struct flock range = markOf(F_RDLCK);
     if (uninterrupted([&] { return ::fcntl(descriptor, F_OFD_GETLK, &range); }) == -1)
         return markFailure();
     marked = range.l_type != F_UNLCK;
+    return {};
+}
+
+FileStatus mayDescriptorLockBeLocal(int descriptor, bool& local) {
+    local = true;
+    struct statfs system {};
+    if (uninterrupted([&] { return ::fstatfs(descriptor, &system); }) == -1)
+        return lastFailure();
+    local = mayKeepLocksLocal(static_cast<std::uint32_t>(system.f_type));
     return {};
 }
 

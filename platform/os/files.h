@@ -122,9 +122,18 @@ public:
     /// nothing and keeps nobody from taking the lock; the handle may be open for reading only.
     virtual FileStatus isLockMarked(FileHandle handle, bool& marked) = 0;
 
+    /// Whether the locks of an open file may be known to this computer alone, while others reach the file
+    /// too. Having got the lock then says nothing about the processes of other computers.
+    virtual FileStatus mayLockBeLocal(FileHandle handle, bool& local) = 0;
+
     /// Gives an open file the mode, owning group and extended attributes of the file at `from`, as far as the
     /// user may.
     virtual FileStatus copyAttributes(CStringView from, FileHandle to) = 0;
+
+    /// Lets everybody read an open file of the user's own who may read the file at `from`, as far as owning
+    /// group and mode say that: the group, if it can be given, and the rights to read. No other right is
+    /// given, and none to read is taken away. `missing` when nothing stands at `from`.
+    virtual FileStatus copyReadRights(CStringView from, FileHandle to) = 0;
 
     /// Protects a file against writing, or takes the protection off: of the owner only, as far as the user's
     /// usual mode goes.
@@ -162,7 +171,9 @@ public:
     FileStatus lock(FileHandle, std::chrono::milliseconds) override;
     FileStatus markLock(FileHandle) override;
     FileStatus isLockMarked(FileHandle, bool& marked) override;
+    FileStatus mayLockBeLocal(FileHandle, bool& local) override;
     FileStatus copyAttributes(CStringView, FileHandle) override;
+    FileStatus copyReadRights(CStringView, FileHandle) override;
     FileStatus setReadOnly(CStringView, bool) override;
     FileStatus setHidden(CStringView, bool) override;
     FileStatus createFolder(CStringView) override;

@@ -90,7 +90,14 @@ FileStatus NullFiles::isLockMarked(FileHandle, bool& marked) {
     marked = false;
     return noFile;
 }
+FileStatus NullFiles::mayLockBeLocal(FileHandle, bool& local) {
+    local = false;
+    return noFile;
+}
 FileStatus NullFiles::copyAttributes(CStringView, FileHandle) {
+    return noFile;
+}
+FileStatus NullFiles::copyReadRights(CStringView, FileHandle) {
     return noFile;
 }
 FileStatus NullFiles::setReadOnly(CStringView, bool) {

@@ -1,5 +1,6 @@
 #include "embedded/os/file_error.h"
 #include "embedded/os/posix_files.h"
+#include "embedded/os/remote_file_systems.h"
 #include "tests/support/temp_folder.h"
 
 #include <array>
@@ -205,11 +206,36 @@ TEST_F(PosixFilesTest, mark_isSeenByOthersOnlyAndWithoutTakingAnything) {
     }
     EXPECT_TRUE(files.isLockMarked(holder, marked).ok());
     EXPECT_FALSE(marked) << "one's own";
+    struct flock content {};
+    content.l_type = F_RDLCK;
+    content.l_len = 1 << 30;
+    EXPECT_EQ(::fcntl(static_cast<int>(reader), F_OFD_SETLK, &content), 0)
+        << "the mark is not on the content";
     EXPECT_EQ(files.markLock(reader).error, FileError::unsupported);
     EXPECT_TRUE(files.close(holder).ok());
     EXPECT_TRUE(files.isLockMarked(reader, marked).ok());
     EXPECT_FALSE(marked);
     EXPECT_TRUE(files.close(reader).ok());
+}
+
+TEST_F(PosixFilesTest, locks_mayBeLocalOnRemoteFileSystemsThatDoNotShareThem) {
+    struct Case {
+        std::uint32_t type;
+        bool remote, local;
+    };
+    for (const Case& each : {Case{0xEF53, false, false}, Case{0x6969, true, false},
+             Case{0xFF534D42, true, true}, Case{0x65735546, true, true}}) {
+        EXPECT_EQ(drafta::isRemoteFileSystem(each.type), each.remote) << std::hex << each.type;
+        EXPECT_EQ(drafta::mayKeepLocksLocal(each.type), each.local) << std::hex << each.type;
+    }
+    FileHandle handle = FileHandle::none;
+    ASSERT_TRUE(files.open(u"\\proc\\self\\status", OpenMode::read, handle).ok());
+    bool local = true;
+    EXPECT_TRUE(files.mayLockBeLocal(handle, local).ok());
+    EXPECT_FALSE(local);
+    EXPECT_TRUE(files.close(handle).ok());
+    EXPECT_FALSE(files.mayLockBeLocal(handle, local).ok());
+    EXPECT_TRUE(local) << "doubt";
 }
 
 TEST_F(PosixFilesTest, folder_isWritableForWhoMayMakeFilesInIt) {

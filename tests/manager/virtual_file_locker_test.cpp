@@ -226,11 +226,38 @@ TEST_F(Locker, withoutLocks_aLockFileIsNeverStale) {
     EXPECT_TRUE(locker.lockFile(path)) << "of this user, in an earlier run";
 }
 
+TEST_F(Locker, locksThatMayBeLocal_leaveOtherComputersTheirFiles) {
+    files.locksAreLocal = true;
+    folder.write("A.kqp.FLL", bytesOf(u"ann\nBOX Ann Smith\nnow"));
+    EXPECT_TRUE(locker.isLocked(path));
+    EXPECT_EQ(locker.whoLocked(path, who), lockOther);
+    EXPECT_FALSE(locker.lockFile(path));
+    EXPECT_TRUE(stands());
+    folder.write("A.kqp.FLL", bytesOf(u"bob\nDESK Bob\nearlier"));
+    EXPECT_TRUE(locker.lockFile(path));
+    EXPECT_EQ(folder.read("A.kqp.FLL"), bytesOf(wholeRecord));
+}
+
+TEST_F(Locker, lockFileRemovedFromOutside_isTakenAnewAndReleasedOnce) {
+    ASSERT_TRUE(locker.lockFile(path));
+    ASSERT_TRUE(std::filesystem::remove(folder.native("A.kqp.FLL")));
+    EXPECT_TRUE(locker.lockFile(path));
+    EXPECT_TRUE(locker.unlockFile(path));
+    EXPECT_FALSE(stands());
+    EXPECT_FALSE(locker.unlockFile(path));
+}
+
 TEST_F(Locker, recordThatCannotBeRead_isUnreadable) {
     StayingChild other([&] { return lockAsBob(); });
     ASSERT_TRUE(other.stays());
-    files.arm({FileError::io, 1, FileCall::read, true});
-    EXPECT_EQ(locker.whoLocked(path, who), lockUnreadable);
+    for (const FileError error : {FileError::io, FileError::denied}) {
+        files.arm({error, 1, FileCall::read, true});
+        EXPECT_EQ(locker.whoLocked(path, who), lockUnreadable);
+    }
+    files.disarm();
+    folder.write("A.kqp.FLL", bytesOf(CString(wholeRecord) + CString(40000, u'x')));
+    EXPECT_EQ(locker.whoLocked(path, who), lockUnreadable) << "longer than a record";
+    EXPECT_EQ(who, u"");
     EXPECT_TRUE(locker.isLocked(path));
 }
 

@@ -25,7 +25,9 @@ enum class FileCall {
     lock,
     markLock,
     isLockMarked,
+    mayLockBeLocal,
     copyAttributes,
+    copyReadRights,
     setReadOnly,
     setHidden,
     createFolder,
@@ -63,6 +65,8 @@ public:
     /// From now on the disk takes so many more bytes: the write that meets the end is short, the next one
     /// fails.
     void limitSpace(std::size_t bytes) noexcept { space_ = bytes; }
+    /// Makes the disk one whose locks do not reach other computers.
+    bool locksAreLocal = false;
     /// The calls since arm() or the start, in order.
     const std::vector<FileCall>& calls() const noexcept { return calls_; }
     /// Runs in front of each call.
@@ -124,8 +128,17 @@ public:
         marked = false;
         return pass(FileCall::isLockMarked, [&] { return real_->isLockMarked(handle, marked); });
     }
+    FileStatus mayLockBeLocal(FileHandle handle, bool& local) override {
+        const FileStatus status =
+            pass(FileCall::mayLockBeLocal, [&] { return real_->mayLockBeLocal(handle, local); });
+        local = local || locksAreLocal;
+        return status;
+    }
     FileStatus copyAttributes(CStringView from, FileHandle to) override {
         return pass(FileCall::copyAttributes, [&] { return real_->copyAttributes(from, to); });
+    }
+    FileStatus copyReadRights(CStringView from, FileHandle to) override {
+        return pass(FileCall::copyReadRights, [&] { return real_->copyReadRights(from, to); });
     }
     FileStatus setReadOnly(CStringView path, bool readOnly) override {
         return pass(FileCall::setReadOnly, [&] { return real_->setReadOnly(path, readOnly); });

@@ -109,6 +109,10 @@ public:
         marked = holder != FileHandle::none && holder != handle;
         return {};
     }
+    FileStatus mayLockBeLocal(FileHandle, bool& local) override {
+        local = false;
+        return {};
+    }
     FileStatus close(FileHandle handle) override {
         const auto open = handles_.find(handle);
         if (open == handles_.end())
@@ -143,6 +147,9 @@ public:
     FileStatus copyAttributes(CStringView from, FileHandle to) override {
         handles_.at(to).file->information.readOnly = find(from)->information.readOnly;
         return {};
+    }
+    FileStatus copyReadRights(CStringView from, FileHandle) override {
+        return {find(from) ? FileError::none : FileError::missing, 0};
     }
     FileStatus setReadOnly(CStringView path, bool readOnly) override {
         return change(path, [&](FileInformation& information) { information.readOnly = readOnly; });
