@@ -24,7 +24,9 @@ namespace {
 
 constexpr std::size_t bufferSize = 65536;
 constexpr std::uint32_t writeEvents = IN_MODIFY | IN_CLOSE_WRITE;
-constexpr std::uint32_t newContentEvents = IN_CREATE | IN_MOVED_TO | IN_CLOSE_WRITE;
+constexpr std::uint32_t newFileEvents = IN_CREATE | IN_MOVED_TO;
+constexpr std::uint32_t newContentEvents = newFileEvents | IN_CLOSE_WRITE;
+constexpr std::uint32_t removalEvents = IN_DELETE | IN_MOVED_FROM;
 
 FileStatus checkFolder(const std::string& folder) {
     const Descriptor descriptor(
@@ -116,9 +118,13 @@ bool InotifyMonitor::unwatch(CStringView path) {
     return true;
 }
 
-/// How the file is now is what later changes are told against.
+/// How the file is now is what later changes are told against. Events that wait are about the time before.
 void InotifyMonitor::begin(Number number, WatchedFile& file) {
+    takeEvents();
+    if (!hinted_.empty())
+        deliverLater();
     file.hint = Hint::none;
+    file.nameGone = file.renewed = false;
     follow(number, file);
     FileSight sight;
     if (sightOf(file, sight))
@@ -171,11 +177,21 @@ void InotifyMonitor::takeInterest(const WatchInterest& interest, std::uint32_t m
     } else if (interest.role != WatchInterest::Role::name) {
         return;
     } else if (ryv::equalNoCase(name, interest.name)) {
-        file.written = file.written || (interest.isEnd && (mask & newContentEvents));
+        if (interest.isEnd)
+            takeName(file, mask, name == interest.name);
         raise(number, file, Hint::look);
     } else if (interest.isEnd && mayBeSameName(name, interest.name)) {
         raise(number, file, Hint::glance);
     }
+}
+
+/// In another spelling it may be the name of a file beside the one that is watched: that one is looked at.
+void InotifyMonitor::takeName(WatchedFile& file, std::uint32_t mask, bool isExact) {
+    if (mask & newFileEvents)
+        file.nameTaken();
+    if (isExact && (mask & removalEvents))
+        file.nameRemoved();
+    file.written = file.written || (isExact && (mask & newContentEvents));
 }
 
 /// Events were lost. A file that was written just before the last look may look the same after another write.
@@ -284,7 +300,8 @@ bool InotifyMonitor::sightOf(const WatchedFile& file, FileSight& sight) {
     return status.ok() || isGone(status.error);
 }
 
-/// A receiver may change the list, stop the monitoring, or pump the loop and so come here again.
+/// A receiver may change the list, stop the monitoring, or pump the loop and so come here again. One that
+/// throws does not keep what is left from being told.
 void InotifyMonitor::deliver() {
     while (receiver_ && !notices_.empty()) {
         const Notice notice = notices_.front();
@@ -293,8 +310,22 @@ void InotifyMonitor::deliver() {
         if (found == watched_.end())
             continue;
         const CString path = found->second.path;
-        receiver_->fileChanged(path, notice.change);
+        try {
+            receiver_->fileChanged(path, notice.change);
+        } catch (...) {
+            deliverLater();
+            throw;
+        }
     }
+}
+
+void InotifyMonitor::deliverLater() {
+    loop_.call([this, run = std::weak_ptr(run_)] {
+        if (!run.lock())
+            return;
+        settle();
+        deliver();
+    });
 }
 
 void InotifyMonitor::warnOnce(int systemCode) {

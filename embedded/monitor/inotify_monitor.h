@@ -26,9 +26,10 @@ struct MonitorOptions {
 
 /// Events are hints: a file that one concerns is looked at, and what is told is how it differs from the last
 /// time. So it does not matter by which steps a file came to be replaced, removed or made anew, or whether
-/// events were lost. Only that a file was written is taken from the events themselves, because its size and
-/// time may be the same as before. Several changes that are found at once are told as one; a file that was
-/// gone in between as contentChanged.
+/// events were lost. Taken from the events themselves is only what no look can tell: that a file was written,
+/// because its size and time may be the same as before, and that its name was free in between, which is how a
+/// lock changes hands. Several changes that are found at once are told as one; a file whose name was free in
+/// between as deleted, created and contentChanged, one that another was renamed over as contentChanged.
 ///
 /// A file is followed through symbolic links, and through folders that are moved, removed and made again.
 /// Files on network file systems are polled as well, and so is, instead, whatever cannot be watched for lack
@@ -66,6 +67,7 @@ private:
     void takeEvent(const inotify_event& event, std::string_view name);
     void takeInterest(const WatchInterest& interest, std::uint32_t mask, ryv::CStringView name);
     void takeOverflow();
+    void takeName(WatchedFile& file, std::uint32_t mask, bool isExact);
     void takePolled(const std::vector<Number>& numbers);
     void raise(Number number, WatchedFile& file, WatchedFile::Hint hint);
     void settle();
@@ -76,6 +78,7 @@ private:
     void lookLater(Number number, WatchedFile& file);
     bool sightOf(const WatchedFile& file, FileSight& sight);
     void deliver();
+    void deliverLater();
     void warnOnce(int systemCode);
 
     EpollMessageLoop& loop_;

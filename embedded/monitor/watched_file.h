@@ -4,6 +4,7 @@
 #include "embedded/monitor/file_mark.h"
 #include "platform/os/file_monitor.h"
 
+#include <utility>
 #include <vector>
 
 namespace drafta {
@@ -25,6 +26,8 @@ struct WatchedFile {
     bool wasFresh = false; ///< when the mark was taken
     Hint hint = Hint::none;
     bool written = false;      ///< an event said that the content changed, whatever the file looks like
+    bool nameGone = false;     ///< events said that the name was removed, and not yet that it is taken again
+    bool renewed = false;      ///< events said that the name was removed and then taken again
     bool alwaysPolled = false; ///< whatever watches there are
     bool polled = false;
 
@@ -36,9 +39,16 @@ struct WatchedFile {
         wasFresh = isFresh(now);
     }
 
+    /// Events about the file's name. One that is taken without having been removed was replaced in one step.
+    void nameRemoved() noexcept { nameGone = true; }
+    void nameTaken() noexcept { renewed = std::exchange(nameGone, false) || renewed; }
+
     /// Takes in a new sight and gives what there is to tell, in order. A file that is there again is also one
     /// whose content changed, when it was told to be deleted.
     std::vector<ryv::FileChange> see(const FileSight& now);
+
+private:
+    void appendChanges(const FileSight& now, std::vector<ryv::FileChange>& changes);
 };
 
 } // namespace drafta

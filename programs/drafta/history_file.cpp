@@ -1,15 +1,25 @@
 #include "programs/drafta/history_file.h"
 
 #include <fcntl.h>
-#include <filesystem>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <thread>
 
 namespace drafta {
 
 namespace {
 
+using std::chrono::milliseconds;
+
 constexpr int keptLines = 1000;
+constexpr milliseconds patience{500}; // for a session that has stopped while it saves
+constexpr milliseconds pause{10};
 
 History* makeHistory() {
     History* const made = history_init();
@@ -19,35 +29,76 @@ History* makeHistory() {
     return made;
 }
 
-/// The file, locked against other sessions for as long as the object lives.
+bool isRegular(const std::string& file) {
+    struct stat status {};
+    return ::stat(file.c_str(), &status) == 0 && S_ISREG(status.st_mode);
+}
+
+/// Files are renamed into place, so what is read is whole, whatever other sessions do. Anything else at that
+/// name, which might keep the reader waiting, is left alone.
+void load(History* into, const std::string& file) {
+    HistEvent event{};
+    if (isRegular(file))
+        history(into, &event, H_LOAD, file.c_str());
+}
+
+/// The file, made when it is missing and locked against other sessions for as long as the object lives.
 class LockedFile {
 public:
-    LockedFile(const std::string& file, int flags, int lock)
-        : descriptor_(::open(file.c_str(), flags | O_CLOEXEC, 0600)) {
-        isLocked_ = descriptor_ != -1 && ::flock(descriptor_, lock) == 0;
+    explicit LockedFile(const std::string& file) {
+        const auto end = std::chrono::steady_clock::now() + patience;
+        for (open(file); isOpen(); open(file)) {
+            isLocked_ = ::flock(descriptor_, LOCK_EX | LOCK_NB) == 0 && standsAt(file);
+            if (isLocked_ || std::chrono::steady_clock::now() >= end)
+                return;
+            std::this_thread::sleep_for(pause);
+        }
     }
     LockedFile(const LockedFile&) = delete;
     LockedFile& operator=(const LockedFile&) = delete;
-    ~LockedFile() {
-        if (descriptor_ != -1)
-            ::close(descriptor_);
-    }
+    ~LockedFile() { close(); }
     bool isLocked() const noexcept { return isLocked_; }
 
 private:
-    int descriptor_;
-    bool isLocked_;
+    void open(const std::string& file) {
+        close();
+        descriptor_ = ::open(file.c_str(), O_RDWR | O_CREAT | O_NONBLOCK | O_CLOEXEC, 0600);
+    }
+    bool isOpen() const {
+        struct stat status {};
+        return descriptor_ != -1 && ::fstat(descriptor_, &status) == 0 && S_ISREG(status.st_mode);
+    }
+    /// Another session may have put a new file at the name since this one was opened; locks are on files.
+    bool standsAt(const std::string& file) const {
+        struct stat own {
+        }, named{};
+        return ::fstat(descriptor_, &own) == 0 && ::stat(file.c_str(), &named) == 0 &&
+               own.st_dev == named.st_dev && own.st_ino == named.st_ino;
+    }
+    void close() const {
+        if (descriptor_ != -1)
+            ::close(descriptor_);
+    }
+
+    int descriptor_ = -1;
+    bool isLocked_ = false;
 };
 
-void load(History* into, const std::string& file) {
+/// False when the file is not whole.
+bool write(History* lines, const std::string& file) {
+    const int descriptor = ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    std::FILE* const stream = descriptor == -1 ? nullptr : ::fdopen(descriptor, "w");
+    if (!stream)
+        return false;
     HistEvent event{};
-    history(into, &event, H_LOAD, file.c_str());
+    const bool saved = history(lines, &event, H_SAVE_FP, stream) != -1 && std::ferror(stream) == 0 &&
+                       std::fflush(stream) == 0 && ::fsync(descriptor) == 0;
+    return std::fclose(stream) == 0 && saved;
 }
 
 } // namespace
 
 HistoryFile::HistoryFile(std::string file) : file_(std::move(file)), history_(makeHistory()) {
-    const LockedFile locked(file_, O_RDONLY, LOCK_SH); // not while another session writes it
     load(history_, file_);
 }
 
@@ -64,18 +115,21 @@ void HistoryFile::add(const std::string& line) {
 }
 
 void HistoryFile::save() {
-    std::error_code ignored;
+    std::error_code ignored, failed;
     std::filesystem::create_directories(std::filesystem::path(file_).parent_path(), ignored);
-    const LockedFile locked(file_, O_RDWR | O_CREAT, LOCK_EX);
-    if (!locked.isLocked())
+    const LockedFile locked(file_);
+    const std::string file = std::filesystem::canonical(file_, failed).string(); // keeps a symbolic link
+    if (!locked.isLocked() || failed)
         return;
-    History* const merged = makeHistory();
-    load(merged, file_);
+    const std::unique_ptr<History, decltype(&history_end)> merged(makeHistory(), history_end);
+    load(merged.get(), file);
     HistEvent event{};
     for (const std::string& line : added_)
-        history(merged, &event, H_ENTER, line.c_str());
-    history(merged, &event, H_SAVE, file_.c_str());
-    history_end(merged);
+        history(merged.get(), &event, H_ENTER, line.c_str());
+    const std::string whole = file + ".new";
+    std::filesystem::remove(whole, ignored); // what a killed session left
+    if (!write(merged.get(), whole) || std::rename(whole.c_str(), file.c_str()) != 0)
+        std::filesystem::remove(whole, ignored);
 }
 
 } // namespace drafta

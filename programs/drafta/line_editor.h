@@ -21,9 +21,13 @@ public:
     LineEditor& operator=(const LineEditor&) = delete;
     ~LineEditor();
 
-    /// What is done from now on while a line is waited for. It may print and read lines itself: what has been
-    /// typed of the line is taken from the screen meanwhile.
+    /// What is done from now on while a line is waited for. It may read lines itself, and print after
+    /// putAside(); what has been typed of the line stands on the screen again when the work is done.
     void setWork(BackgroundWork work) { work_ = std::move(work); }
+
+    /// To be called before anything is printed: takes the line that is being typed, if there is one, from the
+    /// screen until the work that prints is done. Work that does not print does not disturb the line.
+    void putAside();
 
     /// The next line without its end; nothing at the end of input, or when the work that came meanwhile wants
     /// no more. When the break key ends it, the line is empty.

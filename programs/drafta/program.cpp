@@ -32,16 +32,20 @@ extern "C" void onInterrupt(int) {
 /// Standard output; knows whether the cursor is at the begin of a line.
 class Screen {
 public:
-    explicit Screen(bool keepsBlankLines) : keepsBlankLines_(keepsBlankLines) {}
+    /// `makeRoom` is called before anything is printed.
+    Screen(bool keepsBlankLines, std::function<void()> makeRoom)
+        : keepsBlankLines_(keepsBlankLines), makeRoom_(std::move(makeRoom)) {}
 
     /// Texts of the host begin with a line feed, which only a console that is not at the begin of a line
     /// needs.
     void print(std::string_view text) {
         if (!keepsBlankLines_ && atLineBegin_ && text.starts_with('\n'))
             text.remove_prefix(1);
+        if (text.empty())
+            return;
+        makeRoom_();
         std::fwrite(text.data(), 1, text.size(), stdout);
-        if (!text.empty())
-            atLineBegin_ = text.back() == '\n';
+        atLineBegin_ = text.back() == '\n';
         std::fflush(stdout);
     }
     void beginLine() {
@@ -53,6 +57,7 @@ public:
 
 private:
     bool keepsBlankLines_;
+    std::function<void()> makeRoom_;
     bool atLineBegin_ = true;
 };
 
@@ -168,15 +173,22 @@ int run(int argc, char** argv) {
         return std::puts("drafta " DRAFTA_VERSION) < 0 ? inputError : done;
 
     const bool isConsole = options.mode == Options::Mode::console;
-    Screen screen(!isConsole);
     std::optional<LineEditor> lines;
+    const auto makeRoom = [&] {
+        if (lines)
+            lines->putAside();
+    };
+    Screen screen(!isConsole, makeRoom);
     if (isConsole)
         lines.emplace(options.profileFolder + "/history");
     HostOptions hostOptions;
     hostOptions.profileFolder = options.profileFolder;
     hostOptions.productFolder = productFolder();
     hostOptions.print = [&](std::string_view text) { screen.print(text); };
-    hostOptions.printError = [](std::string_view text) { std::fwrite(text.data(), 1, text.size(), stderr); };
+    hostOptions.printError = [&](std::string_view text) {
+        makeRoom();
+        std::fwrite(text.data(), 1, text.size(), stderr);
+    };
     hostOptions.logsEvents = options.logsEvents;
     if (isConsole)
         hostOptions.readLine = [&](std::string_view prompt) {

@@ -68,6 +68,8 @@ public:
 
     void stopReading() { output_.closeEnd(0); }
 
+    void send(int signal) const { ::kill(child_, signal); }
+
     /// Sends a signal (0: none) and waits for the end; the exit code, -1 when a signal ended the program.
     int end(int signal) {
         if (child_ == -1)
@@ -132,6 +134,23 @@ TEST_F(KqpWatchTest, watch_projectFileChanges_isReReadOncePerChange) {
     EXPECT_EQ(watcher.end(SIGTERM), 0);
     EXPECT_EQ(watcher.rest(), "");
     EXPECT_EQ(watcher.error(), "");
+}
+
+TEST_F(KqpWatchTest, watch_severalChangesAtOneLook_lockIsTakenOver_projectReReadOnce) {
+    ASSERT_TRUE(lock("plant.kqp"));
+    Watcher watcher(folder, {"plant.kqp"});
+    ASSERT_EQ(watcher.line(startUp), event("onProjectOpen")) << watcher.error();
+    watcher.send(SIGSTOP);
+    ASSERT_TRUE(unlock("plant.kqp"));
+    ASSERT_TRUE(lock("plant.kqp"));
+    std::filesystem::remove(folder.native("plant.kqp"));
+    folder.write("plant.kqp", "b.dwg\n");
+    watcher.send(SIGCONT);
+    EXPECT_EQ(watcher.line(), event("onProjectUnlocked"));
+    EXPECT_EQ(watcher.line(), event("onProjectLocked"));
+    EXPECT_EQ(watcher.line(), event("onProjectReRead"));
+    EXPECT_EQ(watcher.line(Milliseconds(500)), "");
+    EXPECT_EQ(watcher.end(SIGTERM), 0);
 }
 
 TEST_F(KqpWatchTest, watch_lockComesAndGoes_isTold) {

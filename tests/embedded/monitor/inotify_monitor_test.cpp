@@ -52,7 +52,60 @@ TEST_F(InotifyMonitorTest, content_thatLooksAsBefore_changed) {
     EXPECT_EQ(notices(), "changed p\\A.kqp; ") << "written with size and time kept";
     move("p/A.kqp", "away");
     move("away", "p/A.kqp");
-    EXPECT_EQ(notices(), "changed p\\A.kqp; ") << "gone in between";
+    EXPECT_EQ(notices(), "deleted p\\A.kqp; created p\\A.kqp; changed p\\A.kqp; ") << "gone in between";
+}
+
+TEST_F(InotifyMonitorTest, namesThatDifferInCase_eachFile_itsOwnChanges) {
+    writeTo("p/A.kqp");
+    writeTo("p/a.kqp");
+    watch(u"p\\A.kqp");
+    start();
+    writeTo("p/a.kqp");
+    remove("p/a.kqp");
+    writeTo("p/a.kqp");
+    EXPECT_EQ(notices(), "");
+    move("p/a.kqp", "p/A.kqp");
+    EXPECT_EQ(notices(), "changed p\\A.kqp; ");
+    const auto time = std::filesystem::last_write_time(folder.native("p/A.kqp"));
+    move("p/A.kqp", "p/a.kqp");
+    std::filesystem::last_write_time(folder.native("p/a.kqp"), time);
+    EXPECT_EQ(notices(), "deleted p\\A.kqp; created p\\A.kqp; changed p\\A.kqp; ") << "the only one left";
+    writeTo("p/a.kqp");
+    EXPECT_EQ(notices(), "changed p\\A.kqp; ");
+}
+
+TEST_F(InotifyMonitorTest, watch_changesOfBefore_areNotTold) {
+    for (const std::string name : {"p/A.kqp", "p/B.kqp"})
+        writeTo(name);
+    watch(u"p\\A.kqp");
+    start();
+    for (const std::string name : {"p/A.kqp", "p/B.kqp"}) {
+        remove(name);
+        writeTo(name);
+    }
+    watch(u"p\\B.kqp");
+    EXPECT_EQ(told, "") << "from within watch()";
+    loop.pump();
+    EXPECT_EQ(told, "deleted p\\A.kqp; created p\\A.kqp; changed p\\A.kqp; ");
+    told.clear();
+    EXPECT_EQ(notices(), "");
+}
+
+TEST_F(InotifyMonitorTest, receiver_throws_othersAreToldAllTheSame) {
+    for (const std::string name : {"p/A.kqp", "p/B.kqp"})
+        writeTo(name);
+    watch(u"p\\A.kqp");
+    watch(u"p\\B.kqp");
+    start();
+    remove("p/A.kqp");
+    remove("p/B.kqp");
+    onNotice = [this](const CString&) {
+        onNotice = [](const CString&) {};
+        throw std::runtime_error("receiver");
+    };
+    EXPECT_THROW(waitFor([this] { return !told.empty(); }), std::runtime_error);
+    loop.pump();
+    EXPECT_EQ(told, "deleted p\\A.kqp; deleted p\\B.kqp; ");
 }
 
 TEST_F(InotifyMonitorTest, stop_andStart_changesInBetweenAreNotTold) {

@@ -7,6 +7,8 @@
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <pty.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -110,6 +112,53 @@ TEST(Console, twoAtOnce_keepTheLinesOfBoth) {
         (std::vector<std::string>{"(+ 40 2)", "quit", "(strcat \"Ł\" \"ódź\")", "quit"}));
 }
 
+/// What stands at the history's name and who has it may be anything: no session waits for it.
+TEST(HistoryFile, nameTakenBySomethingElse_isNoHistory) {
+    const TempFolder folder;
+    const std::string file = folder.native("history");
+    ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0);
+    HistoryFile(file).add("line");
+    EXPECT_TRUE(linesOf(file).empty());
+    EXPECT_FALSE(std::filesystem::exists(file + ".new"));
+}
+
+TEST(HistoryFile, lockedByASessionThatStopped_isReadAndLeftAlone) {
+    const TempFolder folder;
+    const std::string file = folder.native("history");
+    HistoryFile(file).add("before");
+    const int held = ::open(file.c_str(), O_RDWR | O_CLOEXEC);
+    ASSERT_EQ(::flock(held, LOCK_EX), 0);
+    {
+        HistoryFile other(file);
+        other.add("lost");
+    }
+    EXPECT_EQ(linesOf(file), std::vector<std::string>{"before"});
+    ::close(held);
+}
+
+TEST(HistoryFile, manySessionsEndAtOnce_keepTheLinesOfAll) {
+    const TempFolder folder;
+    const std::string file = folder.native("history");
+    folder.write("kept", "");
+    std::filesystem::create_symlink("kept", file);
+    folder.write("kept.new", "half a li"); // of a session that was killed
+    constexpr int sessions = 4, lines = 5;
+    std::vector<pid_t> children;
+    for (int session = 0; session < sessions; ++session) {
+        children.push_back(::fork());
+        if (children.back() != 0)
+            continue;
+        for (int line = 0; line < lines; ++line)
+            HistoryFile(file).add(std::to_string(session) + "." + std::to_string(line));
+        ::_exit(0);
+    }
+    for (const pid_t child : children)
+        ::waitpid(child, nullptr, 0);
+    EXPECT_EQ(linesOf(file).size(), std::size_t{sessions * lines});
+    EXPECT_TRUE(std::filesystem::is_symlink(file));
+    EXPECT_FALSE(std::filesystem::exists(folder.native("kept.new")));
+}
+
 TEST(LineEditor, workWhileALineIsTyped_mayPrintAndAskAndLeavesTheLine) {
     const TempFolder folder;
     std::array<int, 2> work{};
@@ -118,7 +167,10 @@ TEST(LineEditor, workWhileALineIsTyped_mayPrintAndAskAndLeavesTheLine) {
         LineEditor editor(folder.native("history"));
         editor.setWork({work[0], [&] {
                             char kind = 0;
-                            if (::read(work[0], &kind, 1) == 1 && kind == 'a')
+                            if (::read(work[0], &kind, 1) != 1)
+                                return false;
+                            editor.putAside();
+                            if (kind == 'a')
                                 std::printf("answer <%s>\n", editor.read("Sure? ").value_or("none").c_str());
                             std::printf("work %c\n", kind);
                             return kind != 'q';
@@ -144,6 +196,78 @@ TEST(LineEditor, workWhileALineIsTyped_mayPrintAndAskAndLeavesTheLine) {
     EXPECT_EQ(session.end(), 0) << session.seen();
     ::close(work[0]);
     ::close(work[1]);
+}
+
+/// Work is done in the middle of everything that takes several keys, and is seen to be done.
+TEST(LineEditor, workBetweenTheKeysOfOneInput_printsOrNot_inputGoesOn) {
+    struct Case {
+        std::string first, second, line;
+    };
+    const std::array<Case, 3> cases{{
+        {"ab\x1B", "[Dx\n", "axb"}, // an arrow
+        {"a\xC3", "\xB6\n", "aö"},  // a character of two bytes
+        {"\x12"
+         "alp",
+            "ha\n", "alpha beta"}, // a search through the history
+    }};
+    for (const Case& each : cases)
+        for (const char kind : {'s', 'p'}) {
+            const TempFolder folder;
+            HistoryFile(folder.native("history")).add("alpha beta");
+            std::array<int, 2> work{}, done{};
+            ASSERT_EQ(::pipe2(work.data(), O_CLOEXEC) + ::pipe2(done.data(), O_CLOEXEC), 0);
+            Session session([&] {
+                LineEditor editor(folder.native("history"));
+                editor.setWork({work[0], [&] {
+                                    char read = 0;
+                                    const bool good = ::read(work[0], &read, 1) == 1;
+                                    if (read == 'p') {
+                                        editor.putAside();
+                                        std::puts("printed");
+                                    }
+                                    return ::write(done[1], &read, 1) == 1 && good;
+                                }});
+                std::printf("line <%s>\n", editor.read("> ").value_or("none").c_str());
+                return std::fflush(stdout);
+            });
+            ASSERT_TRUE(session.shows("> "));
+            session.type(each.first);
+            ASSERT_TRUE(session.shows(each.first.starts_with('\x12') ? "alp" : "a"));
+            char answer = 0;
+            ASSERT_EQ(::write(work[1], &kind, 1), 1);
+            ASSERT_EQ(::read(done[0], &answer, 1), 1);
+            session.type(each.second);
+            EXPECT_TRUE(session.shows("line <" + each.line + ">")) << session.seen();
+            EXPECT_EQ(session.end(), 0);
+            EXPECT_EQ(session.seen().find("printed") != std::string::npos, kind == 'p');
+            for (const int end : {work[0], work[1], done[0], done[1]})
+                ::close(end);
+        }
+}
+
+TEST(LineEditor, workThatThrows_passesItOnToWhoeverReads) {
+    const TempFolder folder;
+    Session session([&] {
+        std::array<int, 2> work{};
+        if (::pipe2(work.data(), O_CLOEXEC) != 0 || ::write(work[1], "x", 1) != 1)
+            return 1;
+        LineEditor editor(folder.native("history"));
+        editor.setWork({work[0], [&]() -> bool {
+                            char read = 0;
+                            if (::read(work[0], &read, 1) != 1)
+                                return false;
+                            throw std::runtime_error("work");
+                        }});
+        try {
+            editor.read("> ");
+        } catch (const std::runtime_error&) {
+            return editor.read("again> ") == "next" ? 0 : 2;
+        }
+        return 3;
+    });
+    ASSERT_TRUE(session.shows("again> ")) << session.seen();
+    session.type("next\n");
+    EXPECT_EQ(session.end(), 0) << session.seen();
 }
 
 } // namespace
