@@ -70,15 +70,16 @@ Pass repairIn(RyvPrmProject& project, const CString& folder) {
 Pass askAbout(RyvPrmProject& project, const CString& missing, const CString& projectFolder) {
     using namespace message;
     if (allFoundAtPath(project, projectFolder))
-        return userAgrees(allFoundInFolder, allFoundInFolderTitle, {paths::folderOf(missing), projectFolder})
+        return userAgrees(allFoundInFolder, allFoundInFolderTitle,
+                   {shownPath(paths::folderOf(missing)), shownPath(projectFolder)})
                    ? repairIn(project, projectFolder)
                    : Pass::cancelled;
     if (exists(inFolder(projectFolder, missing)))
-        return userAgrees(oneFoundInFolder, oneFoundInFolderTitle, {projectFolder})
+        return userAgrees(oneFoundInFolder, oneFoundInFolderTitle, {shownPath(projectFolder)})
                    ? repairIn(project, projectFolder)
                    : Pass::cancelled;
     const CString name = RyvUtFile::ProjectNameOf(project.getProjectID());
-    if (!userAgrees(drawingNotFound, drawingNotFoundTitle, {missing, name}))
+    if (!userAgrees(drawingNotFound, drawingNotFoundTitle, {shownPath(missing), name}))
         return Pass::cancelled;
     const CString folder = folderFromUser(missing, projectFolder);
     return folder.empty() ? Pass::stopped : repairIn(project, folder);

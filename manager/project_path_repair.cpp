@@ -19,9 +19,10 @@ void tellWhyNotLocked(_lockStatus status, const CString& projectId, const CStrin
     switch (status) {
     case lockInvalid:
     case lockMissing:
-        return showError(message::repairRefusedTitle, message::repairRefusedMissing, {projectId});
+        return showError(message::repairRefusedTitle, message::repairRefusedMissing, {shownPath(projectId)});
     case lockOther:
-        return showError(message::repairRefusedTitle, message::repairRefusedLocked, {projectId, holder});
+        return showError(
+            message::repairRefusedTitle, message::repairRefusedLocked, {shownPath(projectId), holder});
     case lockUnreadable:
         return showError(message::repairRefusedTitle, message::repairRefusedUnreadable, {});
     case lockReadOnly:
@@ -46,7 +47,7 @@ bool RyvPrmProjectManager::verifyAndRepairAbsolutePaths(RyvPrmProject& project) 
     }
     if (lockProjectFile(id)) {
         if (!project.writeProject())
-            showError(message::repairNotWrittenTitle, message::repairNotWritten, {id});
+            showError(message::repairNotWrittenTitle, message::repairNotWritten, {shownPath(id)});
         unlockProjectFile(id);
         return true;
     }

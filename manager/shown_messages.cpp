@@ -1,5 +1,6 @@
 #include "manager/shown_messages.h"
 
+#include "base/encoding.h"
 #include "bridge/platform.h"
 #include "resources/messages.h"
 
@@ -14,6 +15,10 @@ Answer showMessage(const ShownMessage& message, std::initializer_list<FormatArgu
     request.icon = message.icon;
     request.buttons = message.buttons;
     return platform().ui->messageBox(request);
+}
+
+CString shownPath(CStringView path) {
+    return nameFromBytes(platform().os.paths->toNative(path));
 }
 
 } // namespace ryv

@@ -19,4 +19,7 @@ struct ShownMessage {
 Answer showMessage(const ShownMessage& message, std::initializer_list<FormatArgument> textArguments,
     std::initializer_list<FormatArgument> titleArguments = {});
 
+/// A path as people write it on this machine.
+CString shownPath(CStringView path);
+
 } // namespace ryv

@@ -2,6 +2,7 @@
 
 #include "bridge/platform.h"
 #include "bridge/project_calls.h"
+#include "manager/shown_messages.h"
 #include "resources/message_numbers.h"
 #include "resources/messages.h"
 
@@ -12,10 +13,10 @@ namespace {
 constexpr CStringView confirmationForm = u"CRyvCfgMessageWithEditDlg";
 constexpr CStringView drawingsField = u"DRAWINGS";
 
-CString joinLines(const CStringArray& lines) {
+CString shownLines(const CStringArray& lines) {
     CString text;
     for (const CString& line : lines)
-        text += (text.empty() ? u"" : u"\n") + line;
+        text += (text.empty() ? u"" : u"\n") + shownPath(line);
     return text;
 }
 
@@ -28,7 +29,7 @@ bool userAgrees(const CStringArray& drawings) {
     FormField& list = request.fields.emplace_back();
     list.name = drawingsField;
     list.label = messageText(message::updateTerminalsPrompt);
-    list.values = {joinLines(drawings)};
+    list.values = {shownLines(drawings)};
     return platform().ui->fillForm(request);
 }
 
