@@ -87,7 +87,8 @@ public:
     bool closeAllNonActiveProjects();
     /// Reads a project's file again. What is in memory stays when that fails.
     bool reReadProject(OptionalPath projectId = std::nullopt);
-    /// The file of an open project was moved.
+    /// The file of an open project was moved: the identifiers of drawings that the new file does not list are
+    /// forgotten, and the old project is replaced by the new one. False like replaceOpenProject().
     bool projectMoved(CStringView oldId, CStringView newId);
     /// Closes one project and opens another; false with at most one open.
     bool replaceOpenProject(CStringView oldId, CStringView newId, bool activate);
@@ -112,15 +113,18 @@ public:
         OptionalPath projectId = std::nullopt, const CString& trace = {}, bool updateTerms = false,
         bool quiet = false);
     bool removeFileFromProject(CStringView drawing, OptionalPath projectId = std::nullopt);
+    /// Both are true for an empty list, without writing; the second one fires no event.
     bool removeFilesFromProject(const CStringArray& drawings, OptionalPath projectId = std::nullopt);
     bool removeSubfoldersFromProject(const CStringArray& traces, OptionalPath projectId = std::nullopt);
     /// The drawing's entry leads to another file. A rename fires no event, which callers rely on.
     bool replaceFileInProject(
         CStringView oldPath, CStringView newPath, OptionalPath projectId = std::nullopt);
     bool renameFileInProject(CStringView oldPath, CStringView newPath, OptionalPath projectId = std::nullopt);
+    /// Fires before the change. The result is that of the change in memory: whether it was written, the
+    /// project's getLastError() tells.
     bool modifyDetailsForFileInProject(
         const RyvPrmFileDetails& details, OptionalPath projectId = std::nullopt);
-    /// Does not write the project file; the caller does.
+    /// Fires before the change. Does not write the project file; the caller does.
     bool setMiscProjSettingsInProject(
         const RyvPmMiscProjSettings& settings, OptionalPath projectId = std::nullopt);
     void SetNewDwgSubfolderTrace(CStringView trace) { newDrawingTrace_ = trace; }
@@ -146,13 +150,15 @@ public:
     /// The files that the project depends on: its drawings.
     bool getProjectDependents(CStringArray& files, OptionalPath projectId = std::nullopt) const;
     /// The files that make up the project to be packed, those that exist: the project file, its companion
-    /// store and its drawings.
+    /// store and its drawings. False when there is none to be packed or it is not open.
     bool getProjectFilesToBePacked(CStringArray& files) const;
     /// An empty path stands for the active project; another one may be a project file or a drawing.
     void setProjectToBePacked(CStringView path);
     const CString& getProjectToBePacked() const noexcept { return toBePacked_; }
     void resetProjectToBePacked() { toBePacked_.clear(); }
 
+    /// As in RyvPrmVirtualFileLocker. The outputs may be null, and are left alone when there is nothing to
+    /// tell.
     bool lockProjectFile(OptionalPath path);
     bool unlockProjectFile(OptionalPath path);
     bool isProjectFileLocked(OptionalPath path);
@@ -161,6 +167,7 @@ public:
     /// Has LISP check and lock all files of the active project; those locked by the call are added to
     /// `locked`. False also without an active project.
     bool lockProjectFiles(CStringList& locked);
+    /// Always true.
     bool unlockProjectFiles(const CStringList& files);
 
     // Start-up, add-ins, watching -----------------------------------------------------------------------

@@ -31,8 +31,10 @@ public:
     /// was read whole. False, with the old content kept, when it cannot be read. The second argument is part
     /// of the interface and has no meaning.
     bool readProject(CStringView path, int unused = 0) { return read(path, unused) != ReadResult::failed; }
-    /// The same, telling more. A file that is suddenly empty counts as being written. Content that LISP
-    /// changes while it is asked for defaults is newer than what was read: the file is read again then.
+    /// The same, telling more. A file that is suddenly empty, or that changes while it is
+    /// read, counts as being written; one whose writer pauses in the middle is taken as it stands. Content
+    /// that LISP changes while it is asked for defaults is newer than what was read: the file is read again
+    /// then.
     ReadResult read(CStringView path, int unused = 0);
 
     /// The same for the project's own file after a notice that it changed: when it holds what this object

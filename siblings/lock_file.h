@@ -7,17 +7,17 @@
 // Where a file system has no locks, the existence of the file is the lock, and nobody clears it.
 //
 // Limits of shared folders:
-// - Where locks may be known to one computer only (Files::mayLockBeLocal), getting the lock proves nothing
-// but
-//   that no process of this computer lives on the file. Only a lock file whose record names this computer is
-//   stale then; one of another computer, or without a readable record, stays until that computer looks at it
-//   or somebody removes it. Computers of one name are taken for one.
-// - NFS, whose locks are shared, wants a file open for writing before it gives the lock. A stale lock file
-// that
-//   its finder may only read stays: a lock that others can share would not keep two from removing it.
-// - SMB, as Linux mounts it, makes the lock binding: nobody else can read the record of a live lock file, and
-// who
-//   holds it cannot be told.
+//
+// Where locks may be known to one computer only (Files::mayLockBeLocal), getting the lock proves nothing but
+// that no process of this computer lives on the file. Only a lock file whose record names this computer is
+// stale then; one of another computer, or without a readable record, stays until that computer looks at it or
+// somebody removes it. Computers of one name are taken for one.
+//
+// NFS, whose locks are shared, wants a file open for writing before it gives the lock. A stale lock file that
+// its finder may only read stays: a lock that others can share would not keep two from removing it.
+//
+// SMB, as Linux mounts it, makes the lock binding: nobody else can read the record of a live lock file, and
+// who holds it cannot be told.
 #pragma once
 
 #include "siblings/stdio_file_ex.h"

@@ -1,4 +1,4 @@
-// The host's log of what happens to projects, for people and programs that follow a session.
+// The host's log of what happens to projects, for people and programs that follow along.
 #pragma once
 
 #include "base/strings.h"

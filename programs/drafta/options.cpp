@@ -115,7 +115,7 @@ The embedded host of the project manager: documents, drawings, commands and LISP
   --answers FILE   what questions and forms answer
   --profile DIR    the folder of the user's settings, instead of $XDG_CONFIG_HOME/drafta
   --drive X=DIR    lets a drive letter stand for a folder; may be repeated
-  --log-events     what happens to projects, one line an event on standard error
+  --log-events     what the module tells of projects, one line an event on standard error
   --help           this text
   --version        the version
 

@@ -177,9 +177,12 @@ TEST_F(ManagerFollowReliability, savedByAnotherProcess_seesNoBrokenProject_andTh
         followBurst();
     EXPECT_EQ(exitCode(writer), 0);
     EXPECT_GT(reReads, bursts) << "some have to happen within the bursts";
-    EXPECT_LE(halfWritten, 1 + reReads / 10) << "a write under way has to put the re-read off";
+    // A busy machine with sanitizers may hold this process up for longer than a write takes; the full form,
+    // which is run without them, makes no allowance.
+    const bool full = wantsFullReliability();
+    EXPECT_LE(halfWritten, full ? 0 : 1 + reReads / 10) << "a write under way has to put the re-read off";
     std::sort(times.begin(), times.end());
-    EXPECT_LE(times.at(times.size() * 9 / 10), inTime);
+    EXPECT_LE(full ? times.back() : times.at(times.size() * 9 / 10), inTime);
     RecordProperty("saves", static_cast<int>(bursts * savesInBurst));
     RecordProperty("reReads", static_cast<int>(reReads));
     RecordProperty("readHalfWritten", static_cast<int>(halfWritten));
