@@ -4,6 +4,7 @@
 #include "base/encoding.h"
 #include "base/text.h"
 #include "bench/support/bench_project.h"
+#include "bench/support/processor_time.h"
 #include "bridge/platform.h"
 #include "embedded/loop/epoll_message_loop.h"
 #include "embedded/monitor/inotify_monitor.h"
@@ -14,7 +15,6 @@
 
 #include <benchmark/benchmark.h>
 #include <malloc.h>
-#include <sys/resource.h>
 
 #include <chrono>
 #include <functional>
@@ -266,15 +266,6 @@ void followOutsideWrite(benchmark::State& state) {
 
 // Watching -----------------------------------------------------------------------------------------------
 
-double processorSeconds() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    const auto seconds = [](const timeval& time) {
-        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
-    };
-    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
-}
-
 void runLoop(Bench& bench, milliseconds time) {
     for (const auto end = Clock::now() + time; Clock::now() < end;)
         bench.loop.wait(milliseconds(100));
@@ -286,10 +277,10 @@ void watchOpenProjects(benchmark::State& state) {
         bench.open(bench.put("p" + std::to_string(i) + ".kqp", "one.dwg\n"));
     runLoop(bench, milliseconds(500)); // hears of the files just made
     for (auto _ : state) {
-        const double before = processorSeconds();
+        const double before = bench::processorSeconds();
         const double time = secondsOf([&] { runLoop(bench, milliseconds(3000)); });
         state.SetIterationTime(time);
-        state.counters["share of a core, %"] = 100 * (processorSeconds() - before) / time;
+        state.counters["share of a core, %"] = 100 * (bench::processorSeconds() - before) / time;
     }
 }
 

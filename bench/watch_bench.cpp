@@ -1,5 +1,6 @@
 // What it costs to watch 500 projects, three names each, every project in a folder of its own. Processor time
 // of this process alone; another one makes the changes.
+#include "bench/support/processor_time.h"
 #include "embedded/monitor/inotify_monitor.h"
 #include "embedded/os/posix_platform.h"
 #include "tests/support/temp_folder.h"
@@ -9,7 +10,6 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/inotify.h>
-#include <sys/resource.h>
 #include <sys/wait.h>
 
 namespace {
@@ -24,15 +24,6 @@ constexpr int projects = 500;
 constexpr milliseconds measured{6000};
 constexpr int changesInASecond = 100;
 constexpr int eventChanges = 20'000;
-
-double processorSeconds() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    const auto seconds = [](const timeval& time) {
-        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
-    };
-    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
-}
 
 std::string projectFolder(const TempFolder& folder, int number) {
     return folder.native("p" + std::to_string(number % projects));
@@ -97,18 +88,18 @@ struct Watching {
     }
     /// Lets the loop run and gives the processor time of it.
     double runFor(milliseconds time) {
-        const double before = processorSeconds();
+        const double before = bench::processorSeconds();
         for (const auto end = steady_clock::now() + time; steady_clock::now() < end;)
             loop.wait(std::chrono::ceil<milliseconds>(end - steady_clock::now()));
-        return processorSeconds() - before;
+        return bench::processorSeconds() - before;
     }
     /// The same until a child process is done and all that it did was handled.
     double runUntilEndOf(pid_t child) {
-        const double before = processorSeconds();
+        const double before = bench::processorSeconds();
         while (waitpid(child, nullptr, WNOHANG) == 0)
             loop.wait(milliseconds(1));
         loop.pump();
-        return processorSeconds() - before;
+        return bench::processorSeconds() - before;
     }
 
     drafta::PosixPlatform os;
@@ -128,12 +119,12 @@ void reportEach(const char* what, double processor, int count) {
 /// Nothing but reading the events of watches on the same folders.
 double readEventsUntilEndOf(pid_t child, const drafta::Descriptor& queue) {
     static char buffer[65536];
-    const double before = processorSeconds();
+    const double before = bench::processorSeconds();
     pollfd entry{queue.get(), POLLIN, 0};
     while (waitpid(child, nullptr, WNOHANG) == 0)
         if (poll(&entry, 1, 1) == 1 && read(queue.get(), buffer, sizeof buffer) <= 0)
             std::abort();
-    return processorSeconds() - before;
+    return bench::processorSeconds() - before;
 }
 
 drafta::Descriptor watchFolders(const TempFolder& folder) {
@@ -173,11 +164,12 @@ void measureEvents(const TempFolder& folder) {
 }
 
 void measurePolling(const TempFolder& folder) {
-    const double before = processorSeconds();
+    const double before = bench::processorSeconds();
     for (int i = 0; i < projects; ++i)
         for (const char* name : {"/A.kqp", "/A.kqp.FLL", "/A_update.mdb"})
             (void)drafta::markOf(projectFolder(folder, i) + name);
-    reportEach("yardstick: stat() of one of the 1,500 names", processorSeconds() - before, 3 * projects);
+    reportEach(
+        "yardstick: stat() of one of the 1,500 names", bench::processorSeconds() - before, 3 * projects);
     NoWatches noWatches;
     Watching watching(folder, &noWatches);
     reportShare("polled every 2 s, nothing happens", watching.runFor(measured), measured);

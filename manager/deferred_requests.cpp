@@ -1,5 +1,6 @@
 #include "manager/deferred_requests.h"
 
+#include "base/at_end.h"
 #include "bridge/platform.h"
 #include "bridge/project_reread.h"
 #include "manager/last_project_list.h"
@@ -11,19 +12,6 @@
 namespace ryv {
 
 namespace {
-
-/// Ends a pass also when a request throws.
-template <class End>
-class AtEnd {
-public:
-    explicit AtEnd(End end) : end_(std::move(end)) {}
-    AtEnd(const AtEnd&) = delete;
-    AtEnd& operator=(const AtEnd&) = delete;
-    ~AtEnd() { end_(); }
-
-private:
-    End end_;
-};
 
 bool isReread(const DeferredRequest& request) {
     return request.kind == DeferredRequest::Kind::rereadInLisp;

@@ -2,6 +2,7 @@
 
 #include "base/fold.h"
 #include "bridge/platform.h"
+#include "platform/os/file_state.h"
 
 #include <algorithm>
 
@@ -10,15 +11,6 @@ namespace ryv {
 namespace {
 
 constexpr std::uint32_t pollTimer = 1;
-
-bool sameContent(const FileInformation& a, const FileInformation& b) {
-    return a.device == b.device && a.inode == b.inode && a.size == b.size &&
-           a.modifiedNanoseconds == b.modifiedNanoseconds;
-}
-
-bool isGone(FileError error) {
-    return error == FileError::missing || error == FileError::notFolder || error == FileError::badName;
-}
 
 } // namespace
 
@@ -75,7 +67,7 @@ void FilePoller::look(const CString& path) {
         return;
     FileInformation now;
     const FileStatus status = platform().os.files->information(path, now);
-    if (!status.ok() && !isGone(status.error))
+    if (!status.ok() && !meansGone(status.error))
         return; // a server that does not answer has not deleted anything
     const bool present = status.ok();
     const Watched before = *hit;
@@ -83,7 +75,7 @@ void FilePoller::look(const CString& path) {
     hit->last = now;
     if (present && !before.present)
         tell(path, FileChange::created);
-    if (present && !(before.present && sameContent(now, before.last)))
+    if (present && !(before.present && isSameState(now, before.last)))
         tell(path, FileChange::contentChanged);
     if (present && before.present && now.readOnly != before.last.readOnly)
         tell(path, now.readOnly ? FileChange::madeReadOnly : FileChange::madeWritable);

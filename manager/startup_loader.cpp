@@ -1,5 +1,6 @@
 #include "manager/startup_loader.h"
 
+#include "base/at_end.h"
 #include "manager/nav_state.h"
 #include "manager/project_manager.h"
 
@@ -29,33 +30,16 @@ void activateFirst(RyvPrmProjectManager& manager, const RecentProjects& list) {
             manager.setActiveProject(list.paths[i]);
 }
 
-/// What is opened may ask the user, and meanwhile the host may come here again.
-class Loading {
-public:
-    explicit Loading(RyvPrmProjectManager& manager)
-        : manager_(manager), begun_(manager.beginStartupLoading()) {}
-    Loading(const Loading&) = delete;
-    Loading& operator=(const Loading&) = delete;
-    ~Loading() {
-        if (begun_)
-            manager_.endStartupLoading();
-    }
-    bool hasBegun() const noexcept { return begun_; }
-
-private:
-    RyvPrmProjectManager& manager_;
-    bool begun_;
-};
-
 } // namespace
 
 void loadLastProjects(ProjectListReader reader) {
     RyvPrmProjectManager* const manager = GetProjectManager();
     if (!manager || manager->InitialOpenComplete())
         return;
-    const Loading loading(*manager);
-    if (!loading.hasBegun())
+    if (!manager
+             ->beginStartupLoading()) // what is opened may ask the user, and the host may come here meanwhile
         return;
+    const AtEnd end([manager] { manager->endStartupLoading(); });
     RecentProjects list;
     const bool read = reader(list);
     if (read) {

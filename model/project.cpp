@@ -1,5 +1,6 @@
 #include "model/project.h"
 
+#include "base/at_end.h"
 #include "base/fold.h"
 #include "base/text.h"
 #include "bridge/platform.h"
@@ -95,10 +96,18 @@ bool RyvPrmProject::isFileUntouched() const {
 }
 
 bool RyvPrmProject::write(RyvPrmKQPFiler& filer, CStringView path) {
+    ++writing_;
+    const AtEnd end([this] { --writing_; }); // LISP may be broken off while it is asked
     const bool written = filer.openProject(path, true) && filer.writeProject(data_);
     noteErrorOf(filer);
     filer.closeProject();
     return written;
+}
+
+/// The guard of this project's own file stays as it is.
+bool RyvPrmProject::writeCopy(CStringView path) {
+    RyvPrmKQPFiler other(true);
+    return write(other, path);
 }
 
 bool RyvPrmProject::writeProject(const CString* path) {
@@ -107,15 +116,7 @@ bool RyvPrmProject::writeProject(const CString* path) {
     const std::shared_ptr<RyvPrmKQPFiler> filer = filer_;
     const CString target = path ? replaceAll(*path, u'/', u'\\') : projectId_;
     const bool own = equalNoCase(target, projectId_);
-    bool written = false;
-    ++writing_;
-    if (own) {
-        written = write(*filer, projectId_);
-    } else {
-        RyvPrmKQPFiler other(true); // the guard of this project's own file stays as it is
-        written = write(other, target);
-    }
-    --writing_;
+    const bool written = own ? write(*filer, projectId_) : writeCopy(target);
     if (written && own) {
         changedInMemory_ = false;
         ++generation_;

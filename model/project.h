@@ -105,6 +105,7 @@ private:
     ReadResult failBusy();
     void noteErrorOf(const RyvPrmKQPFiler& filer);
     bool write(RyvPrmKQPFiler& filer, CStringView path);
+    bool writeCopy(CStringView path);
 
     CString projectId_;
     RyvPrmProjectData data_;

@@ -4,6 +4,7 @@
 #include "embedded/monitor/watch_trail.h"
 #include "embedded/os/file_error.h"
 #include "embedded/os/native_path.h"
+#include "platform/os/file_state.h"
 
 #include <algorithm>
 #include <fcntl.h>
@@ -23,10 +24,6 @@ FileStatus checkFolder(const std::string& folder) {
     const Descriptor descriptor(
         uninterrupted([&] { return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); }));
     return descriptor.isOpen() ? FileStatus{} : lastFailure();
-}
-
-bool isGone(FileError error) {
-    return error == FileError::missing || error == FileError::notFolder || error == FileError::badName;
 }
 
 } // namespace
@@ -211,7 +208,7 @@ void InotifyMonitor::lookLater(Number number, WatchedFile& file) {
 bool InotifyMonitor::sightOf(const WatchedFile& file, FileSight& sight) {
     const FileStatus status = files_.information(file.path, sight.information);
     sight.isThere = status.ok() && !sight.information.isFolder;
-    return status.ok() || isGone(status.error);
+    return status.ok() || ryv::meansGone(status.error);
 }
 
 /// A receiver may change the list, stop the monitoring, or pump the loop and so come here again. One that

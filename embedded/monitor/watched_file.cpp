@@ -1,4 +1,5 @@
 #include "embedded/monitor/watched_file.h"
+#include "platform/os/file_state.h"
 
 #include <utility>
 
@@ -6,15 +7,6 @@ namespace drafta {
 
 using ryv::FileChange;
 using ryv::FileInformation;
-
-namespace {
-
-bool isSameContent(const FileInformation& a, const FileInformation& b) {
-    return a.device == b.device && a.inode == b.inode && a.size == b.size &&
-           a.modifiedNanoseconds == b.modifiedNanoseconds;
-}
-
-} // namespace
 
 std::vector<FileChange> WatchedFile::see(const FileSight& now) {
     std::vector<FileChange> changes;
@@ -40,7 +32,7 @@ void WatchedFile::appendChanges(const FileSight& now, std::vector<FileChange>& c
     const bool wasKnown = std::exchange(toldDeleted, false) || wasThere;
     if (!wasThere)
         changes.push_back(FileChange::created);
-    if (wasKnown && (!wasThere || wasWritten || !isSameContent(before, now.information)))
+    if (wasKnown && (!wasThere || wasWritten || !isSameState(before, now.information)))
         changes.push_back(FileChange::contentChanged);
     if (wasKnown && before.readOnly != now.information.readOnly)
         changes.push_back(now.information.readOnly ? FileChange::madeReadOnly : FileChange::madeWritable);

@@ -57,6 +57,13 @@ TEST_F(ReentryTest, reReadDuringAWrite_takesNothingAway) {
     EXPECT_NE(bytes(a).find("two.dwg"), std::string::npos);
 }
 
+TEST_F(ReentryTest, writeThatLispBreaksOff_leavesTheProjectUsable) {
+    insideLisp(u"ryv_get_var", [] { throw 1; });
+    EXPECT_THROW(manager->addFileToProject(drawing(path("two.dwg"))), int);
+    EXPECT_TRUE(manager->reReadProject());
+    EXPECT_TRUE(manager->addFileToProject(drawing(path("two.dwg"))));
+}
+
 TEST_F(ReentryTest, changeDuringAWrite_isWrittenToo) {
     insideLisp(u"ryv_get_var", [this] { manager->addFileToProject(drawing(path("three.dwg"))); });
     EXPECT_TRUE(manager->addFileToProject(drawing(path("two.dwg"))));

@@ -6,6 +6,7 @@
 #include "embedded/os/posix_platform.h"
 #include "tests/manager/manager_fixture.h"
 #include "tests/support/fault_files.h"
+#include "tests/support/run_until.h"
 #include "tests/support/temp_folder.h"
 
 #include <string_view>
@@ -45,10 +46,7 @@ protected:
     /// Lets the loop run until the condition holds; false when it does not within 20 seconds.
     template <class Condition>
     bool waitFor(Condition condition) {
-        const auto end = SteadyClock::now() + std::chrono::seconds(20);
-        while (!condition() && SteadyClock::now() < end)
-            loop.wait(std::chrono::milliseconds(20));
-        return condition();
+        return runUntil(loop, condition);
     }
     void runFor(std::chrono::milliseconds time) {
         for (const auto end = SteadyClock::now() + time; SteadyClock::now() < end;)

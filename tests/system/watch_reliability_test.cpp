@@ -2,6 +2,7 @@
 #include "embedded/monitor/inotify_monitor.h"
 #include "embedded/os/posix_platform.h"
 #include "tests/support/random.h"
+#include "tests/support/run_until.h"
 #include "tests/support/temp_folder.h"
 
 #include <array>
@@ -140,10 +141,7 @@ protected:
     /// Lets the loop run until what was heard equals what there is.
     template <class Condition>
     bool waitFor(Condition condition) {
-        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-        while (!condition() && std::chrono::steady_clock::now() < end)
-            loop.wait(std::chrono::milliseconds(50));
-        return condition();
+        return test::runUntil(loop, condition);
     }
     static int changesWanted() {
         const char* const size = std::getenv("RYV_RELIABILITY");

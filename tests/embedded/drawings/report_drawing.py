@@ -26,7 +26,7 @@ def pairs(path):
 
 
 def repeated_handles(path):
-    """Handles that occur twice or are not below the seed."""
+    """Handles that occur twice or that the drawing counts as free still."""
     seen, kind, seed, variable = set(), b"", None, b""
     for code, value in pairs(path):
         if code == 0:
@@ -40,7 +40,7 @@ def repeated_handles(path):
                 yield f"handle {value.decode()} occurs twice"
             seen.add(value)
     if seed is not None and any(int(handle, 16) >= seed for handle in seen):
-        yield "a handle is not below the seed"
+        yield "a handle is not below $HANDSEED"
 
 
 def text_of(value):

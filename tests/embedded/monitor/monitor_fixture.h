@@ -4,6 +4,7 @@
 #include "embedded/monitor/inotify_monitor.h"
 #include "embedded/os/posix_platform.h"
 #include "tests/support/fault_files.h"
+#include "tests/support/run_until.h"
 #include "tests/support/temp_folder.h"
 
 #include <cerrno>
@@ -56,10 +57,7 @@ protected:
 
     template <class Condition>
     bool waitFor(Condition condition) {
-        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-        while (!condition() && std::chrono::steady_clock::now() < end)
-            loop.wait(std::chrono::milliseconds(50));
-        return condition();
+        return test::runUntil(loop, condition);
     }
     /// What was told since the last call, after all events so far were handled: the system keeps them in
     /// order, so the fence comes last.
