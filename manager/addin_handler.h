@@ -1,13 +1,14 @@
 // How an add-in that links projects to an outside tool takes part in what the project manager does.
 #pragma once
 
+#include "base/export.h"
 #include "base/strings.h"
 #include "manager/handler_list.h"
 
 namespace ryv {
 
 /// An add-in's side. Copies have no subscribers of their own.
-class IRyvAddinHandler {
+class RYV_EXPORT IRyvAddinHandler {
 public:
     IRyvAddinHandler() = default;
     IRyvAddinHandler(const IRyvAddinHandler&) = default;
@@ -35,7 +36,7 @@ public:
 };
 
 /// The one handler of the module: each operation fires the event of its name.
-class RyvOZMAddinHandler final : public IRyvAddinHandler {
+class RYV_EXPORT RyvOZMAddinHandler final : public IRyvAddinHandler {
 public:
     /// Made at the first call; lasts as long as the module is loaded.
     static RyvOZMAddinHandler* GetInstance();

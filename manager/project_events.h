@@ -2,6 +2,7 @@
 // holds then and what may follow.
 #pragma once
 
+#include "base/export.h"
 #include "manager/handler_list.h"
 #include "model/file_details.h"
 #include "siblings/misc_proj_settings.h"
@@ -10,7 +11,7 @@ namespace ryv {
 
 /// Subscribe to an event with `subscribe(receiver, &Receiver::handler)`; calling it fires it. Project IDs,
 /// drawing paths and task files are full paths. What a handler is given is valid during its call.
-class ProjectEvents {
+class RYV_EXPORT ProjectEvents {
 public:
     HandlerList<const CString&> onProjectOpen;
     HandlerList<const CString&> onProjectClose;

@@ -49,6 +49,8 @@ _lockStatus readRecord(CStringView path, CString& record) {
 
 } // namespace
 
+RyvPrmVirtualFileLocker::RyvPrmVirtualFileLocker() = default;
+
 RyvPrmVirtualFileLocker::~RyvPrmVirtualFileLocker() {
     unlockAllFiles();
 }

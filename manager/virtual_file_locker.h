@@ -2,6 +2,7 @@
 // other computers that share the folder, refuse to write them and can tell who has them.
 #pragma once
 
+#include "base/export.h"
 #include "siblings/stdio_file_ex.h"
 
 #include <memory>
@@ -38,9 +39,9 @@ struct _fileLockData {
 /// file is the same under every spelling and through every symbolic link, except for unlockFile(). Everything
 /// goes through the ports of platform(). No operation throws on an error of the file system, and none waits
 /// longer than a few seconds.
-class RyvPrmVirtualFileLocker {
+class RYV_EXPORT RyvPrmVirtualFileLocker {
 public:
-    RyvPrmVirtualFileLocker() = default;
+    RyvPrmVirtualFileLocker();
     RyvPrmVirtualFileLocker(const RyvPrmVirtualFileLocker&) = delete;
     RyvPrmVirtualFileLocker& operator=(const RyvPrmVirtualFileLocker&) = delete;
     /// Releases what is still locked.

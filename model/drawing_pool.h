@@ -2,6 +2,7 @@
 // a drawing of a large project costs no strings of its own.
 #pragma once
 
+#include "base/export.h"
 #include "base/strings.h"
 #include "base/text_slice.h"
 
@@ -14,7 +15,7 @@
 namespace ryv {
 
 /// The further descriptions of a drawing, as views of a text that outlives the record's next change.
-class DescriptionLines {
+class RYV_EXPORT DescriptionLines {
 public:
     DescriptionLines() = default;
     DescriptionLines(CStringView text, const TextSlice* first, std::size_t count)
@@ -59,7 +60,7 @@ private:
 
 /// Records by number. Filled by one writer, which adds a record and sets its fields before the next one is
 /// added; unchangeable from then on. What the fields say is described at RyvPrmFileDetails.
-class DrawingPool {
+class RYV_EXPORT DrawingPool {
 public:
     struct Record {
         TextSlice fileName; // in names_; the others in text_

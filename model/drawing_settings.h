@@ -2,6 +2,7 @@
 // drawings.
 #pragma once
 
+#include "base/export.h"
 #include "base/strings.h"
 #include "siblings/misc_proj_settings.h"
 
@@ -14,7 +15,7 @@ class RyvPrmProject;
 
 /// Texts addressed by an index from 0 to 76. The record does not interpret them. An absent value and a
 /// present empty one are different states.
-class RyvCfgDrawingSettings {
+class RYV_EXPORT RyvCfgDrawingSettings {
 public:
     enum class Status {
         present = 1, ///< done, or the value is there

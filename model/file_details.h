@@ -1,6 +1,7 @@
 // A drawing of a project.
 #pragma once
 
+#include "base/export.h"
 #include "base/strings.h"
 #include "model/drawing_pool.h"
 #include "model/item.h"
@@ -12,7 +13,7 @@ namespace ryv {
 
 /// A drawing. Copies share their content until one of them is written to, so a copy costs two words. What the
 /// getters give is valid until the record is written to or destroyed.
-class RyvPrmFileDetails : public RyvPrmItem {
+class RYV_EXPORT RyvPrmFileDetails : public RyvPrmItem {
 public:
     RyvPrmFileDetails();
     explicit RyvPrmFileDetails(CStringView fileName);

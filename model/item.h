@@ -1,14 +1,23 @@
 // The entries of a project's tree: the polymorphic base of drawings and subfolders.
 #pragma once
 
+#include "base/export.h"
+
 namespace ryv {
 
 class RyvPrmFileDetails;
+class RyvPrmItem;
 class RyvPrmSubfolder;
+
+/// The item as a drawing or subfolder, or null when it is not of that kind (or null itself).
+RYV_EXPORT const RyvPrmFileDetails* asFileDetails(const RyvPrmItem* item) noexcept;
+RYV_EXPORT const RyvPrmSubfolder* asSubfolder(const RyvPrmItem* item) noexcept;
+RYV_EXPORT RyvPrmFileDetails* asFileDetails(RyvPrmItem* item) noexcept;
+RYV_EXPORT RyvPrmSubfolder* asSubfolder(RyvPrmItem* item) noexcept;
 
 /// An entry of the tree. It holds no content; its kind is found by asFileDetails() and asSubfolder(). An item
 /// of neither kind may be made by deriving from this class and is skipped by every walk.
-class RyvPrmItem {
+class RYV_EXPORT RyvPrmItem {
 public:
     RyvPrmItem() = default;
     virtual ~RyvPrmItem() = default;
@@ -36,11 +45,5 @@ private:
     Kind kind_ = Kind::other;
     bool parked_ = false;
 };
-
-/// The item as a drawing or subfolder, or null when it is not of that kind (or null itself).
-const RyvPrmFileDetails* asFileDetails(const RyvPrmItem* item) noexcept;
-const RyvPrmSubfolder* asSubfolder(const RyvPrmItem* item) noexcept;
-RyvPrmFileDetails* asFileDetails(RyvPrmItem* item) noexcept;
-RyvPrmSubfolder* asSubfolder(RyvPrmItem* item) noexcept;
 
 } // namespace ryv

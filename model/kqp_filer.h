@@ -1,6 +1,7 @@
 // Between a project file and a RyvPrmProjectData.
 #pragma once
 
+#include "base/export.h"
 #include "model/project_data.h"
 #include "siblings/kqp_filer.h"
 
@@ -11,7 +12,7 @@ namespace ryv {
 class ProjectLineWriter;
 
 /// Reads and writes project files. All access goes through the files port of platform().
-class RyvPrmKQPFiler : public RyvPmUtilsKQPFiler {
+class RYV_EXPORT RyvPrmKQPFiler : public RyvPmUtilsKQPFiler {
 public:
     /// `relativePaths`: drawings are written relative to the project's folder where they can be; otherwise
     /// absolute and in upper case. Every filer that the program itself makes writes relative paths.

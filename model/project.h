@@ -1,6 +1,7 @@
 // One open project: its file, and what the program holds of it in memory.
 #pragma once
 
+#include "base/export.h"
 #include "model/kqp_filer.h"
 #include "model/project_data.h"
 
@@ -10,7 +11,7 @@ namespace ryv {
 
 /// Reading and writing call LISP, and LISP may do anything meanwhile, so whoever lets a project read or write
 /// keeps it alive on its own account.
-class RyvPrmProject {
+class RYV_EXPORT RyvPrmProject {
 public:
     /// How a read ended.
     enum class ReadResult {

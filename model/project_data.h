@@ -1,6 +1,7 @@
 // The in-memory content of one project file.
 #pragma once
 
+#include "base/export.h"
 #include "base/strings.h"
 #include "model/drawing_settings.h"
 #include "model/file_details.h"
@@ -22,7 +23,7 @@ class ProjectIndex;
 /// The project owns every item. Where an operation unlinks an item without destroying it, the item stays
 /// alive as long as the tree it was in: until the project is destroyed that has this tree, which swap()
 /// hands over.
-class RyvPrmProjectData {
+class RYV_EXPORT RyvPrmProjectData {
 public:
     RyvPrmProjectData();
     ~RyvPrmProjectData();

@@ -1,6 +1,7 @@
 // A named folder of drawings and further subfolders.
 #pragma once
 
+#include "base/export.h"
 #include "base/strings.h"
 #include "model/item.h"
 
@@ -16,7 +17,7 @@ using RyvPrmItems = CArray<std::unique_ptr<RyvPrmItem>>;
 
 /// A subfolder owns its items and destroys them with itself. Every change of a tree goes through the methods
 /// here, which tell the project's index.
-class RyvPrmSubfolder : public RyvPrmItem {
+class RYV_EXPORT RyvPrmSubfolder : public RyvPrmItem {
 public:
     RyvPrmSubfolder();
     explicit RyvPrmSubfolder(CString name);

@@ -2,6 +2,7 @@
 // the last error and the identifiers of its drawings.
 #pragma once
 
+#include "base/export.h"
 #include "platform/os/files.h"
 #include "siblings/file_content.h"
 #include "siblings/project_sections.h"
@@ -12,7 +13,7 @@
 
 namespace ryv {
 
-class RyvPmUtilsKQPFiler {
+class RYV_EXPORT RyvPmUtilsKQPFiler {
 public:
     /// The last error. The numbers 2 and 4 are relied upon by callers outside; the others are for telling
     /// people.

@@ -2,13 +2,14 @@
 // "+[n]" line.
 #pragma once
 
+#include "base/export.h"
 #include "base/strings.h"
 
 #include <map>
 
 namespace ryv {
 
-class RyvPmMiscProjSettings {
+class RYV_EXPORT RyvPmMiscProjSettings {
 public:
     enum class Status {
         present = 1, ///< done, or the value is there

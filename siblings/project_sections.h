@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/encoding.h"
+#include "base/export.h"
 #include "base/strings.h"
 #include "base/text_slice.h"
 #include "siblings/byte_buffer.h"
@@ -17,7 +18,7 @@ class RyvPmMiscProjSettings;
 
 /// Decodes the bytes once, as a whole; the lines are slices of that text, which whoever reads may share.
 /// Lines end with LF or CR LF; lines that are empty or all blanks are no lines.
-class ProjectSections {
+class RYV_EXPORT ProjectSections {
 public:
     /// Takes the bytes of a file over and sorts its lines. Content of 2 GiB and more is refused with false.
     bool load(ByteBuffer bytes, ProjectReporter* reporter);
