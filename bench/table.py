@@ -11,12 +11,13 @@ import subprocess
 import sys
 
 SIZES = (1000, 10000, 100000)
+TREE_SIZES = (1500, 15000, 150000)
 RUNS = 5
 
 
 def measure(program, name, size):
     """Median processor time of one iteration, in nanoseconds for each drawing (or key)."""
-    command = [program, f"--benchmark_filter=^{name}/{size}/", "--benchmark_min_time=0.2", "--benchmark_format=json"]
+    command = [program, f"--benchmark_filter=^{name}/{size}(/|$)", "--benchmark_min_time=0.2", "--benchmark_format=json"]
     times = []
     for _ in range(RUNS):
         printed = subprocess.run(command, check=True, capture_output=True, text=True).stdout
@@ -32,13 +33,13 @@ def row(title, cells):
     print("| " + " | ".join([title, *cells]) + " |")
 
 
-def table(program, names):
+def table(program, names, sizes=SIZES):
     """Prints one table and returns the figures by name."""
-    row("ns for each", [f"{size:,}" for size in SIZES])
-    row("---", ["---:"] * len(SIZES))
+    row("ns for each", [f"{size:,}" for size in sizes])
+    row("---", ["---:"] * len(sizes))
     figures = {}
     for title, name in names:
-        figures[name] = [measure(program, name, size) for size in SIZES]
+        figures[name] = [measure(program, name, size) for size in sizes]
         row(title, [f"{figure:,.0f}" for figure in figures[name]])
     return figures
 
@@ -80,6 +81,39 @@ def main():
     ])
     ratio("by path / map", tree, "findByPath", "yardstickMapByPath")
     ratio("by trace / map", tree, "findByTrace", "yardstickMapByTrace")
+    print("\n### The tree control, for each row\n")
+    rows = table(f"{folder}/tree_bench", [
+        ("yardstick: std::list, push_back", "yardstickListPushBack"),
+        ("**inserting at the end**", "insertAtEnd"),
+        ("**inserting at the front**", "insertAtFront"),
+        ("yardstick: std::list, erase in any order", "yardstickListEraseScattered"),
+        ("**removing from the front**", "removeFromFront"),
+        ("**removing from the back**", "removeFromBack"),
+        ("**removing in any order**", "removeScattered"),
+        ("**the same, all rows selected**", "removeScatteredSelected"),
+        ("yardstick: std::vector of the rows", "yardstickVectorOfPointers"),
+        ("**selecting all**", "selectAll"),
+        ("**the same, nested**", "selectAllNested"),
+        ("**a range, click and shift-click**", "clickWithShift"),
+        ("yardstick: a pass over the labels", "yardstickPassOverLabels"),
+        ("**filter that few rows pass**", "filterFew"),
+        ("**the same, nested**", "filterFewNested"),
+        ("**filter that all rows pass**", "filterAll"),
+        ("**the same, nested**", "filterAllNested"),
+    ], TREE_SIZES)
+    ratio("removing in any order / list", rows, "removeScattered", "yardstickListEraseScattered")
+    ratio("filter that few pass / labels", rows, "filterFew", "yardstickPassOverLabels")
+    print()
+    replacing = table(f"{folder}/tree_replace_bench", [
+        ("yardstick: std::unordered_map of the keys", "yardstickMapOfKeys"),
+        ("**replacing by key, ten rows differ**", "replaceTen"),
+        ("**all rows differ**", "replaceAll"),
+        ("**the same rows, reversed**", "replaceReversed"),
+        ("**every second row is gone**", "replaceHalfRemoved"),
+        ("**nested, under each parent**", "replaceNested"),
+    ], TREE_SIZES)
+    ratio("ten differ / map", replacing, "replaceTen", "yardstickMapOfKeys")
+    ratio("all differ / map", replacing, "replaceAll", "yardstickMapOfKeys")
     print("\n### Memory\n", flush=True)
     subprocess.run([f"{folder}/project_memory_bench"], check=True)
 
