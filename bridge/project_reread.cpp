@@ -3,6 +3,7 @@
 #include "base/at_end.h"
 #include "bridge/command_strings.h"
 #include "bridge/lisp_call.h"
+#include "bridge/platform.h"
 
 namespace ryv {
 
@@ -15,8 +16,10 @@ bool ProjectReread::run() {
 }
 
 void ProjectReread::queue() {
-    if (!running_)
-        queueCommandString(CommandString::rereadProject);
+    if (running_ || queued_ || !platform().host.documents->hasCurrentDocument() || !isQuiescent())
+        return;
+    queued_ = true;
+    queueCommandString(CommandString::rereadProject);
 }
 
 } // namespace ryv

@@ -85,6 +85,7 @@ private:
 
     bool readValue(const HostResultBuffer::Node& node, Value& value) {
         switch (node.type) {
+        case ResultType::none:
         case ResultType::nil:
             return true;
         case ResultType::truth:
@@ -154,8 +155,11 @@ public:
         case Kind::cons:
             writeList(value);
             return;
-        default:
+        case Kind::nil:
             chain_.addNil();
+            return;
+        default:
+            chain_.addNone();
         }
     }
 

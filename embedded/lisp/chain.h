@@ -17,6 +17,7 @@ ryv::HostResultBuffer argumentChain(Machine& machine, Arguments arguments);
 
 /// As Interpreter's operations of these names.
 void defineExternal(Machine& machine, ryv::CStringView name, int code);
+std::optional<int> externalCode(const Machine& machine, ryv::CStringView name);
 ryv::LispStatus invoke(
     Machine& machine, const ryv::HostResultBuffer& call, ryv::HostResultBuffer& result, Error* error);
 

@@ -66,6 +66,10 @@ void Interpreter::setExternalHandler(ExternalHandler handler) {
     machine_->setExternalHandler(std::move(handler));
 }
 
+std::optional<int> Interpreter::externalCode(ryv::CStringView name) const {
+    return lisp::externalCode(*machine_, name);
+}
+
 bool Interpreter::expose(ryv::CStringView name) {
     if (!isFunction(name))
         return false;

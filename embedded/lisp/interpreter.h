@@ -90,6 +90,8 @@ public:
     /// invocable. Without a handler it gives nil.
     void defineExternal(ryv::CStringView name, int code);
     void setExternalHandler(ExternalHandler handler);
+    /// The code of the external function that a name has now; nothing when it has another value.
+    std::optional<int> externalCode(ryv::CStringView name) const;
 
     /// Marks a name as invocable, as (expose-function 'name) does; false when no function has it.
     bool expose(ryv::CStringView name);

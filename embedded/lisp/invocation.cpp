@@ -19,16 +19,32 @@ Value invocableFunction(Machine& machine, ryv::CStringView name) {
     return symbol && symbol->isInvocable ? symbol->value : Value();
 }
 
+struct ExternalCall {
+    Machine* machine;
+    int code;
+
+    Value operator()(Interpreter&, Arguments arguments) const {
+        // Copied, as the handler may be replaced while it runs.
+        const ExternalHandler handler = machine->externalHandler();
+        return handler ? resultOf(*machine, handler(code, argumentChain(*machine, arguments))) : Value();
+    }
+};
+
 } // namespace
 
 void defineExternal(Machine& machine, ryv::CStringView name, int code) {
     Builtin* const builtin = machine.define(name, 0, Interpreter::anyNumber, nullptr);
-    builtin->native = [&machine, code](Interpreter&, Arguments arguments) {
-        // Copied, as the handler may be replaced while it runs.
-        const ExternalHandler handler = machine.externalHandler();
-        return handler ? resultOf(machine, handler(code, argumentChain(machine, arguments))) : Value();
-    };
+    builtin->native = ExternalCall{&machine, code};
     builtin->name->isInvocable = true;
+}
+
+std::optional<int> externalCode(const Machine& machine, ryv::CStringView name) {
+    const Symbol* const symbol = machine.symbols().find(name);
+    if (!symbol || !symbol->value.isFunction() || asFunction(symbol->value)->type != FunctionType::builtin)
+        return std::nullopt;
+    const auto* const call =
+        static_cast<const Builtin*>(asFunction(symbol->value))->native.target<ExternalCall>();
+    return call ? std::optional(call->code) : std::nullopt;
 }
 
 ryv::LispStatus invoke(

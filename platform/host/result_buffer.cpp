@@ -27,6 +27,10 @@ HostResultBuffer& HostResultBuffer::addReal(double number) {
     return *this;
 }
 
+HostResultBuffer& HostResultBuffer::addNone() {
+    return add(ResultType::none);
+}
+
 HostResultBuffer& HostResultBuffer::addNil() {
     return add(ResultType::nil);
 }

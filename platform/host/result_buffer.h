@@ -17,6 +17,7 @@ namespace ryv {
 
 /// Type codes of the nodes.
 enum class ResultType : short {
+    none = 5000, ///< something that has no form outside LISP, such as a function or an open file
     real = 5001,
     integer = 5003, ///< 16-bit
     string = 5005,
@@ -48,6 +49,7 @@ public:
     HostResultBuffer& addInteger(std::int16_t number);
     HostResultBuffer& addLongInteger(std::int32_t number);
     HostResultBuffer& addReal(double number);
+    HostResultBuffer& addNone();
     HostResultBuffer& addNil();
     HostResultBuffer& addTruth();
     HostResultBuffer& addListBegin();
