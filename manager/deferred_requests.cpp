@@ -41,6 +41,12 @@ bool DeferredRequests::flush() {
     return true;
 }
 
+void DeferredRequests::finish() {
+    while (const std::optional<DeferredRequest> request = takeFirst())
+        if (!isReread(*request))
+            run(*request);
+}
+
 bool DeferredRequests::beginPass() {
     const std::lock_guard lock(mutex_);
     if (processing_ || queue_.empty())

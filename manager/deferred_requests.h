@@ -13,8 +13,11 @@ class ProjectReread;
 
 struct DeferredRequest {
     enum class Kind : std::int32_t {
-        rereadInLisp = 1,     ///< LISP reads the active project again; no data
-        recordLastProject = 2 ///< data: the path of a project, and its state as recordProject() takes it
+        rereadInLisp = 1, ///< LISP reads the active project again; no data
+        /// Data: the path of a project, and its state as recordProject() takes it. "Open" stands for what the
+        /// project is when the request is run: open or active; nothing is recorded of one that was closed
+        /// meanwhile, which has recorded that itself.
+        recordLastProject = 2
     };
     Kind kind = Kind::rereadInLisp;
     HostResultBuffer data;
@@ -33,6 +36,10 @@ public:
     /// Runs all requests, one at a time, and lets them go. Main thread. False, and nothing is run, when there
     /// is none, when a pass is under way already, and while the host has no active document.
     bool flush();
+
+    /// For the module's end: records what waits to be recorded, whatever document is active, and forgets the
+    /// rest. Main thread.
+    void finish();
 
     /// How many wait. Any thread.
     std::size_t count() const;

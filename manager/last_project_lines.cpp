@@ -11,6 +11,7 @@ namespace ryv {
 namespace {
 
 constexpr CStringView oldListMark = u"%KQ_PROJ%";
+constexpr std::size_t longestPath = 32'767;
 constexpr std::size_t maximumRead = 30;
 
 /// UTF-16 without a mark betrays itself by the zero half of its ASCII characters, of which every line has
@@ -67,7 +68,8 @@ std::string toLastProjectLines(const std::vector<LastProject>& projects) {
 }
 
 bool fitsInLastProjectLine(CStringView text) {
-    return text.find_first_of(u"\"\r\n") == CStringView::npos && text.find(oldListMark) == CStringView::npos;
+    return text.size() <= longestPath && text.find_first_of(u"\"\r\n") == CStringView::npos &&
+           text.find(oldListMark) == CStringView::npos;
 }
 
 } // namespace ryv

@@ -32,7 +32,7 @@ bool readLastProjectLines(std::string_view bytes, std::vector<LastProject>& proj
 std::string toLastProjectLines(const std::vector<LastProject>& projects);
 
 /// False for an ID or a code that would come back as something else: one with a double quote, a line break or
-/// the mark of old lists.
+/// the mark of old lists. Also for one that is longer than any path, 32,767 units: it was passed by mistake.
 bool fitsInLastProjectLine(CStringView text);
 
 } // namespace ryv

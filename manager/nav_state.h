@@ -77,7 +77,4 @@ private:
 NavState* navState() noexcept;
 void setNavState(NavState* state) noexcept;
 
-/// The project manager of navState(), or null.
-RyvPrmProjectManager* GetProjectManager() noexcept;
-
 } // namespace ryv

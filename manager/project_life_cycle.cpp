@@ -88,6 +88,8 @@ bool RyvPrmProjectManager::setActiveProject(OptionalPath projectId) {
     const CString id = project->getProjectID();
     const CString previous = activeId_;
     activeId_ = id;
+    if (NavState* const state = navState())
+        state->makeActivePending = true; // a command may be at work in LISP now
     recordProject(id, last_project::active);
     onProjectSetActive(id);
     if (!previous.empty())

@@ -3,6 +3,7 @@
 #include "base/fold.h"
 #include "base/text.h"
 #include "manager/catalog_browser_link.h"
+#include "manager/display_setting.h"
 #include "manager/nav_state.h"
 
 #include <algorithm>
@@ -11,6 +12,16 @@ namespace ryv {
 
 RyvPrmProjectManager::RyvPrmProjectManager() {
     constructorInit();
+}
+
+bool RyvPrmProjectManager::getDwgDisplaySetting(
+    CArray<int>& order, CString& separator, bool& showSelection) const {
+    return readDisplaySetting(order, separator, showSelection);
+}
+
+bool RyvPrmProjectManager::setDwgDisplaySetting(
+    const CArray<int>& order, const CString& separator, bool showSelection) const {
+    return writeDisplaySetting(order, separator, showSelection);
 }
 
 void RyvPrmProjectManager::constructorInit() {

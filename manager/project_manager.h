@@ -1,8 +1,8 @@
 // The open projects of this run of the host, and which of them is active.
 #pragma once
 
+#include "base/export.h"
 #include "manager/addin_handler.h"
-#include "manager/display_setting.h"
 #include "manager/file_notifier.h"
 #include "manager/project_events.h"
 #include "manager/reread_timers.h"
@@ -28,7 +28,7 @@ using OptionalPath = std::optional<CStringView>;
 /// nothing throws. Main thread only, and nobody ends the manager from within one of its events. Whatever
 /// calls LISP, fires an event or asks the user may find anything changed when it goes on: projects opened,
 /// read again or closed. So pointers to projects are not kept across such calls.
-class RyvPrmProjectManager final : public ProjectEvents, private OpenProjects {
+class RYV_EXPORT RyvPrmProjectManager final : public ProjectEvents, private OpenProjects {
 public:
     /// More projects than this are never open for long: the next activation closes one.
     static constexpr std::size_t maxOpenProjects = 30;
@@ -136,12 +136,8 @@ public:
     bool notifyLispKQ_MAndRemove(OptionalPath drawing);
 
     /// How drawings are labelled, kept for the user; false when it cannot be read.
-    bool getDwgDisplaySetting(CArray<int>& order, CString& separator, bool& showSelection) const {
-        return readDisplaySetting(order, separator, showSelection);
-    }
-    bool setDwgDisplaySetting(const CArray<int>& order, const CString& separator, bool showSelection) const {
-        return writeDisplaySetting(order, separator, showSelection);
-    }
+    bool getDwgDisplaySetting(CArray<int>& order, CString& separator, bool& showSelection) const;
+    bool setDwgDisplaySetting(const CArray<int>& order, const CString& separator, bool showSelection) const;
 
     // Files and locks -----------------------------------------------------------------------------------
 
@@ -157,8 +153,8 @@ public:
     const CString& getProjectToBePacked() const noexcept { return toBePacked_; }
     void resetProjectToBePacked() { toBePacked_.clear(); }
 
-    /// As in RyvPrmVirtualFileLocker. The outputs may be null, and are left alone when there is nothing to
-    /// tell.
+    /// As in RyvPrmVirtualFileLocker. Outputs are left alone when there is nothing to tell. Those of the last
+    /// form may be null; a null `who` of the form before it gives lockInvalid.
     bool lockProjectFile(OptionalPath path);
     bool unlockProjectFile(OptionalPath path);
     bool isProjectFileLocked(OptionalPath path);
@@ -257,10 +253,14 @@ private:
     std::vector<LockBehindLink> locksBehindLinks_;
 };
 
+/// The project manager of the running module (of its navigation manager); null before start-up and after
+/// shut-down.
+RYV_EXPORT RyvPrmProjectManager* GetProjectManager() noexcept;
+
 /// The active project of GetProjectManager(), or null.
-RyvPrmProject* GetActiveProject();
+RYV_EXPORT RyvPrmProject* GetActiveProject();
 
 /// The open project that lists a drawing, the active one first, or null.
-RyvPrmProject* FindDwgInOpenProject(CStringView drawing);
+RYV_EXPORT RyvPrmProject* FindDwgInOpenProject(CStringView drawing);
 
 } // namespace ryv

@@ -17,7 +17,8 @@ bool RereadTimers::start(CStringView projectId, WindowHandle window) {
         messages.setTimer(window, waiting->timerId, quietPeriod);
         return true;
     }
-    ++lastId_;
+    if (++lastId_ == timerOfPalette)
+        ++lastId_;
     if (messages.setTimer(window, lastId_, quietPeriod))
         timers_.push_back({CString(projectId), lastId_});
     return true;

@@ -17,6 +17,9 @@ struct _filetimer { // NOLINT(bugprone-reserved-identifier): sibling modules kno
 /// The palette window's message that reads a project again; its first parameter is the project's index.
 inline constexpr std::uint32_t rereadMessage = 2987;
 
+/// The number of the palette window's own timer, which no re-read gets.
+inline constexpr std::uint32_t timerOfPalette = 100;
+
 /// How long a project's file has to be left alone before it is read again.
 inline constexpr std::chrono::milliseconds quietPeriod{100};
 

@@ -36,8 +36,8 @@ void loadLastProjects(ProjectListReader reader) {
     RyvPrmProjectManager* const manager = GetProjectManager();
     if (!manager || manager->InitialOpenComplete())
         return;
-    if (!manager
-             ->beginStartupLoading()) // what is opened may ask the user, and the host may come here meanwhile
+    // What is opened may ask the user, and the host may come here meanwhile.
+    if (!manager->beginStartupLoading())
         return;
     const AtEnd end([manager] { manager->endStartupLoading(); });
     RecentProjects list;

@@ -219,6 +219,7 @@ TEST_F(ProjectManagerTest, reRead_letsLispReadToo_orLaterWhenItIsBusy) {
     manager->reReadProject();
     ASSERT_EQ(surroundings.documents.sent.size(), 1u);
     EXPECT_EQ(surroundings.documents.sent[0].text, u"(c:ryv_kqp_reread)\r");
+    state.projectReread().queuedHasRun();
     surroundings.documents.setQuiescent(document, false);
     manager->reReadProject();
     EXPECT_EQ(surroundings.documents.sent.size(), 1u);

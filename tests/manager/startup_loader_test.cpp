@@ -84,10 +84,15 @@ TEST_F(StartupTest, deferredRequests_ofOtherThreads_areAllRunOnce) {
 
 TEST_F(StartupTest, requestsAddedByARunningOne_runInTheSamePass) {
     const DocumentId document = surroundings.documents.openDocument(u"C:\\d.dwg");
-    surroundings.documents.setQuiescent(document, false);
     open(project("a"));
-    open(project("b"));
-    EXPECT_EQ(state.deferredRequests().count(), 2u);
+    const CString later = project("b");
+    surroundings.documents.meanwhile = [&] {
+        EXPECT_FALSE(state.deferredRequests().flush()); // a pass is under way
+        surroundings.documents.setQuiescent(document, false);
+        open(later);
+        EXPECT_EQ(state.deferredRequests().count(), 1u);
+    };
+    state.deferredRequests().add({DeferredRequest::Kind::rereadInLisp, {}});
     EXPECT_TRUE(state.deferredRequests().flush());
     EXPECT_EQ(lastProjects(), "b.kqp:1 a.kqp:1");
 }

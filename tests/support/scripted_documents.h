@@ -29,6 +29,8 @@ public:
     bool open = false;
     /// What was sent to documents, in order.
     std::vector<SentString> sent;
+    /// Runs while the next string is sent.
+    std::function<void()> meanwhile;
 
     /// Opens a document and makes it current; observers are told of both.
     DocumentId openDocument(CStringView name, bool named = true) {
@@ -47,6 +49,7 @@ public:
     void closeDocument(DocumentId id) {
         observers_.tell([id](DocumentObserver& each) { each.documentToBeDestroyed(id); });
         std::erase_if(documents_, [id](const Document& each) { return each.id == id; });
+        open = open && !documents_.empty();
         inputs_.erase(id);
         observers_.tell([id](DocumentObserver& each) { each.documentDestroyed(id); });
         if (current_ == id)
@@ -80,6 +83,13 @@ public:
         return count;
     }
     std::size_t waiting() const noexcept { return waiting_.size(); }
+    /// Those of the documents and of their input contexts.
+    std::size_t observerCount() const noexcept {
+        std::size_t count = observers_.count();
+        for (const auto& [id, observers] : inputs_)
+            count += observers.count();
+        return count;
+    }
     /// The texts of what was sent, in order.
     CStringArray sentTexts() const {
         CStringArray texts;
@@ -107,6 +117,8 @@ public:
     void sendStringToExecute(DocumentId id, CStringView text, CommandStringOptions options) override {
         if (find(id))
             sent.push_back({id, CString(text), options});
+        if (const auto run = std::exchange(meanwhile, nullptr))
+            run();
     }
     void executeInApplicationContext(std::function<void()> work) override {
         waiting_.push_back(std::move(work));
