@@ -60,4 +60,11 @@ inline constexpr int updateTerminalsPrompt = 301; ///< above the list of the dra
 inline constexpr int updateTerminalsAccept = 302; ///< a button
 inline constexpr int updateTerminalsDecline = 303;
 
+// Numbers from 9001 on are for those who work on the module, and for what a version does not have yet.
+inline constexpr int testRunDrawingProperties = 9001; ///< Yes and No, as the next two
+inline constexpr int testRunScript = 9002;
+inline constexpr int testRunOwnScript = 9003;
+inline constexpr int testChooseDrawingTitle = 9004; ///< of a file dialog
+inline constexpr int dialogMissing = 9005;          ///< what is not there yet
+
 } // namespace ryv::message

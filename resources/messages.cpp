@@ -87,6 +87,11 @@ constexpr Message messages[] = {
         u"Do you want to update them in the project? The drawings are added either way."},
     {message::updateTerminalsAccept, u"Update"},
     {message::updateTerminalsDecline, u"Do Not Update"},
+    {message::testRunDrawingProperties, u"Run dwg props?"},
+    {message::testRunScript, u"Run script?"},
+    {message::testRunOwnScript, u"Ryv script?"},
+    {message::testChooseDrawingTitle, u"Select Drawing"},
+    {message::dialogMissing, u"%s is not there yet in this version."},
 };
 // clang-format on
 

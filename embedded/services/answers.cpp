@@ -3,6 +3,7 @@
 #include "base/fold.h"
 #include "base/format.h"
 #include "base/text.h"
+#include "toolkit/script_text.h"
 
 #include <algorithm>
 #include <array>
@@ -11,32 +12,10 @@ namespace drafta {
 
 namespace {
 
-constexpr std::array<ryv::CStringView, 4> kinds = {u"message", u"task", u"file", u"form"};
+constexpr std::array<ryv::CStringView, 6> kinds = {u"message", u"task", u"file", u"form", u"dialog", u"menu"};
 
 ryv::CString keyOf(ryv::CStringView kind, ryv::CStringView name) {
     return ryv::toUpper(kind) + u" " + ryv::toUpper(name);
-}
-
-/// The parts between separators that stand outside of double quotes.
-ryv::CStringArray splitUnquoted(ryv::CStringView text, char16_t separator) {
-    ryv::CStringArray parts;
-    std::size_t start = 0;
-    bool quoted = false;
-    for (std::size_t i = 0; i <= text.size(); ++i) {
-        if (i < text.size() && text[i] == u'"')
-            quoted = !quoted;
-        if (i == text.size() || (text[i] == separator && !quoted)) {
-            parts.emplace_back(ryv::trim(text.substr(start, i - start)));
-            start = i + 1;
-        }
-    }
-    return parts;
-}
-
-ryv::CString unquoted(ryv::CStringView text) {
-    if (text.size() < 2 || text.front() != u'"' || text.back() != u'"')
-        return ryv::CString(text);
-    return ryv::replaceAll(text.substr(1, text.size() - 2), u"\"\"", u"\"");
 }
 
 } // namespace
@@ -56,7 +35,8 @@ bool Answers::parse(ryv::CStringView text, Answers& answers, ryv::CString& probl
             [&](ryv::CStringView other) { return ryv::equalNoCase(kind, other); });
         if (!known || colon == ryv::CStringView::npos) {
             problem = ryv::format(u"line %d: no answer, expected \"message NUMBER: ...\", \"task ID: ...\", "
-                                  u"\"file NUMBER: ...\" or \"form NAME: ...\"",
+                                  u"\"file NUMBER: ...\", \"form NAME: ...\", \"dialog NAME: ...\" or "
+                                  u"\"menu NAME: ...\"",
                 {number});
             return false;
         }
@@ -78,15 +58,15 @@ std::optional<ryv::CString> Answers::next(ryv::CStringView kind, ryv::CStringVie
 
 std::optional<FormAnswer> parseFormAnswer(ryv::CStringView text) {
     FormAnswer answer;
-    for (const ryv::CString& part : splitUnquoted(text, u';')) {
+    for (const ryv::CString& part : ryv::splitUnquoted(text, u';')) {
         if (part.empty())
             continue;
         const std::size_t equals = part.find(u'=');
         if (equals == ryv::CString::npos)
             return std::nullopt;
         ryv::CStringArray values;
-        for (const ryv::CString& value : splitUnquoted(ryv::CStringView(part).substr(equals + 1), u'|'))
-            values.push_back(unquoted(value));
+        for (const ryv::CString& value : ryv::splitUnquoted(ryv::CStringView(part).substr(equals + 1), u'|'))
+            values.push_back(ryv::unquoted(value));
         answer.emplace_back(ryv::trim(ryv::CStringView(part).substr(0, equals)), std::move(values));
     }
     return answer;

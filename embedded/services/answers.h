@@ -6,6 +6,8 @@
 //     file 140: /home/u/new.kqp
 //     form kq_descriptions: line1="Pump station; north"; order=B|A
 //     form kq_sort: cancel
+//     dialog NewProject: name=Demo; folder="\home\u"; ok
+//     menu project: 217
 //
 // Several answers to one question are given in their order, and the last one again and again.
 #pragma once
@@ -26,7 +28,7 @@ public:
     static bool parse(ryv::CStringView text, Answers& answers, ryv::CString& problem);
 
     /// The answer to a question, as it stands behind the colon; nothing when the file has none for it. `kind`
-    /// is "message", "task", "file" or "form"; names are compared without regard to case.
+    /// is "message", "task", "file", "form", "dialog" or "menu"; names are compared without regard to case.
     std::optional<ryv::CString> next(ryv::CStringView kind, ryv::CStringView name);
 
 private:

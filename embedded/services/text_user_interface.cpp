@@ -1,8 +1,14 @@
 #include "embedded/services/text_user_interface.h"
 
+#include "base/at_end.h"
 #include "base/fold.h"
 #include "base/format.h"
 #include "base/text.h"
+#include "embedded/services/text_dialog.h"
+#include "embedded/services/text_progress.h"
+#include "resources/messages.h"
+#include "toolkit/menu.h"
+#include "toolkit/plain_text.h"
 
 #include <algorithm>
 #include <array>
@@ -72,17 +78,44 @@ const ryv::CString* chosen(const ryv::CStringArray& choices, ryv::CStringView te
 }
 
 ryv::CString promptOf(const FormField& field) {
-    ryv::CString prompt = field.label.empty() ? field.name : field.label;
+    ryv::CString prompt = ryv::onOneLine(field.label.empty() ? field.name : field.label);
     int number = 0;
     for (const ryv::CString& choice : field.choices)
-        prompt += ryv::format(u"\n  %d %s", {++number, choice});
+        prompt += ryv::format(u"\n  %d %s", {++number, ryv::onOneLine(choice)});
     const std::vector<ryv::CString> proposed(field.values.begin(), field.values.end());
     if (!proposed.empty())
-        prompt += ryv::format(u" <%s>", {joined(proposed, u" | ")});
+        prompt += ryv::format(u" <%s>", {ryv::onOneLine(joined(proposed, u" | "))});
     return prompt + u": ";
 }
 
+/// The command of a menu or of one inside it, by its number or its text; null when there is none that can be
+/// chosen.
+const ryv::MenuItem* findCommand(const ryv::Menu& menu, ryv::CStringView answer) {
+    for (const ryv::MenuItem& item : menu.items()) {
+        const ryv::MenuItem* hit = nullptr;
+        if (item.submenu && item.enabled)
+            hit = findCommand(*item.submenu, answer);
+        else if (ryv::toText(item.id) == answer || ryv::equalNoCase(ryv::withoutMarks(item.text), answer))
+            hit = &item;
+        if (hit && hit->isUsable())
+            return hit;
+    }
+    return nullptr;
+}
+
+/// Names from drawings and projects reach people through here: a terminal would act upon what is in them.
+std::function<void(ryv::CStringView)> cleaned(std::function<void(ryv::CStringView)> print) {
+    return [print = std::move(print)](ryv::CStringView text) { print(ryv::onLines(text)); };
+}
+
 } // namespace
+
+TextUserInterface::TextUserInterface(TextTerminal terminal) : terminal_(std::move(terminal)) {
+    terminal_.print = cleaned(std::move(terminal_.print));
+    terminal_.warn = cleaned(std::move(terminal_.warn));
+    terminal_.ask = [ask = std::move(terminal_.ask)](
+                        ryv::CStringView prompt) { return ask(ryv::onLines(prompt)); };
+}
 
 std::optional<ryv::CString> TextUserInterface::answer(
     ryv::CStringView kind, ryv::CStringView name, ryv::CStringView prompt) {
@@ -93,6 +126,13 @@ std::optional<ryv::CString> TextUserInterface::answer(
 
 void TextUserInterface::unanswered(ryv::CStringView kind, ryv::CStringView name) {
     terminal_.warn(ryv::format(u"cancelled, nobody answered it: %s %s\n", {kind, name}));
+}
+
+void TextUserInterface::doesNotFit(
+    ryv::CStringView kind, ryv::CStringView name, ryv::CStringView line, ryv::CStringView problem) {
+    const ryv::CString reason = problem.empty() ? ryv::CString() : u" (" + ryv::CString(problem) + u")";
+    terminal_.warn(
+        ryv::format(u"cancelled, the answer does not fit: %s %s: %s%s\n", {kind, name, line, reason}));
 }
 
 Answer TextUserInterface::messageBox(const ryv::MessageBoxRequest& request) {
@@ -193,8 +233,7 @@ bool TextUserInterface::answerForm(ryv::FormRequest& request, ryv::CStringView l
     if (good)
         request = std::move(filled);
     else
-        terminal_.warn(
-            ryv::format(u"cancelled, the answer does not fit: form %s: %s\n", {request.name, line}));
+        doesNotFit(u"form", request.name, line);
     return good;
 }
 
@@ -245,6 +284,55 @@ bool TextUserInterface::askForm(ryv::FormRequest& request) {
         return false;
     request = std::move(filled);
     return true;
+}
+
+int TextUserInterface::runModal(ryv::Dialog& dialog) {
+    ++openDialogs_;
+    const ryv::AtEnd closed([&] {
+        --openDialogs_;
+        dialog.end(idCancel);
+    });
+    dialog.begin();
+    if (dialog.isOpen())
+        answerDialog(dialog);
+    dialog.pressCancel();
+    return dialog.result();
+}
+
+void TextUserInterface::answerDialog(ryv::Dialog& dialog) {
+    TextDialog text(terminal_, dialog);
+    text.show();
+    if (const std::optional<ryv::CString> line = answers_.next(u"dialog", dialog.name())) {
+        const ryv::CString problem = text.answer(*line);
+        if (!problem.empty())
+            doesNotFit(u"dialog", dialog.name(), *line, problem);
+    } else if (!text.ask()) {
+        unanswered(u"dialog", dialog.name());
+    }
+}
+
+int TextUserInterface::popupMenu(const ryv::Menu& menu, ryv::ScreenPoint) {
+    terminal_.print(u"\n" + ryv::TextRenderer().menu(menu));
+    std::optional<ryv::CString> line = answers_.next(u"menu", menu.name());
+    const bool fromFile = line.has_value();
+    if (!fromFile)
+        line = terminal_.ask(u"Choose: ");
+    while (line && !line->empty() && !ryv::equalNoCase(*line, u"cancel")) {
+        if (const ryv::MenuItem* const item = findCommand(menu, *line))
+            return item->id;
+        if (fromFile) {
+            doesNotFit(u"menu", menu.name(), *line);
+            return 0;
+        }
+        line = terminal_.ask(u"Please choose one of them: ");
+    }
+    if (!line)
+        unanswered(u"menu", menu.name());
+    return 0;
+}
+
+std::unique_ptr<ryv::Progress> TextUserInterface::beginProgress(int title, std::size_t count) {
+    return std::make_unique<TextProgress>(terminal_, ryv::CString(ryv::messageText(title)), count);
 }
 
 /// A form whose buttons say what they do is more than its fields: it asks whether to go on.

@@ -2,33 +2,19 @@
 #pragma once
 
 #include "embedded/services/answers.h"
+#include "embedded/services/text_terminal.h"
 #include "platform/ui/user_interface.h"
 
-#include <functional>
 #include <optional>
 
 namespace drafta {
 
-/// Where texts go and lines come from.
-struct TextTerminal {
-    std::function<void(ryv::CStringView)> print;
-    /// Messages about questions that nobody answered.
-    std::function<void(ryv::CStringView)> warn;
-    /// A line from the person in front of the terminal; nothing when nobody is there, or at the end of input.
-    std::function<std::optional<ryv::CString>(ryv::CStringView prompt)> ask;
-    /// A path as people write it, as module text.
-    std::function<ryv::CString(ryv::CStringView)> toModulePath;
-    /// The other way round, for showing.
-    std::function<ryv::CString(ryv::CStringView)> shownPath;
-    /// Whether there is a file at a module path.
-    std::function<bool(ryv::CStringView)> exists;
-};
-
-/// Each question is printed. The answers file is asked first, then the person; what neither answers is
-/// cancelled, with a warning that names the line of an answers file that would have answered it.
+/// Each question is printed; control characters in it are shown as blanks. The answers file is asked first,
+/// then the person; what neither answers is cancelled, with a warning that names the line of an answers file
+/// that would have answered it.
 class TextUserInterface final : public ryv::NullUserInterface {
 public:
-    explicit TextUserInterface(TextTerminal terminal) : terminal_(std::move(terminal)) {}
+    explicit TextUserInterface(TextTerminal terminal);
 
     void setAnswers(Answers answers) { answers_ = std::move(answers); }
 
@@ -38,10 +24,22 @@ public:
     /// answered with yes. A file to be opened must exist.
     std::vector<ryv::CString> chooseFiles(const ryv::FileRequest& request) override;
     bool fillForm(ryv::FormRequest& request) override;
+    /// Answered by "dialog NAME:" with a script (toolkit/dialog_script.h). A line that leaves the dialog open
+    /// cancels it, with a warning that says what kept it open.
+    int runModal(ryv::Dialog& dialog) override;
+    /// Answered by "menu NAME:" with the number or the text of a command; "cancel" or nothing chooses none.
+    int popupMenu(const ryv::Menu& menu, ryv::ScreenPoint place) override;
+    std::unique_ptr<ryv::Progress> beginProgress(int title, std::size_t count) override;
+
+    /// While a dialog is open, whether it asks right now or not, the host is not to be left.
+    bool hasOpenDialog() const noexcept { return openDialogs_ != 0; }
 
 private:
     std::optional<ryv::CString> answer(ryv::CStringView kind, ryv::CStringView name, ryv::CStringView prompt);
     void unanswered(ryv::CStringView kind, ryv::CStringView name);
+    void doesNotFit(
+        ryv::CStringView kind, ryv::CStringView name, ryv::CStringView line, ryv::CStringView problem = {});
+    void answerDialog(ryv::Dialog& dialog);
     bool acceptFile(const ryv::FileRequest& request, ryv::CString& path);
     bool answerForm(ryv::FormRequest& request, ryv::CStringView line);
     bool askForm(ryv::FormRequest& request);
@@ -51,6 +49,7 @@ private:
 
     TextTerminal terminal_;
     Answers answers_;
+    int openDialogs_ = 0;
 };
 
 } // namespace drafta

@@ -13,7 +13,7 @@ namespace ryv::test {
 
 /// One view of a drawing that nobody else sees. Spaces are as many as the test makes; `layouts` is what the
 /// drawing says of itself.
-class MemoryDrawing final : public DrawingDatabase {
+class MemoryDrawing : public DrawingDatabase {
 public:
     struct Reference {
         CString block;

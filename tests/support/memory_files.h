@@ -15,7 +15,7 @@ namespace ryv::test {
 /// Names are found without regard to case. Every folder exists; one that a file lies in is told from a
 /// missing file. Time moves on by one step with each change. A lock is the handle's that took it, or busy at
 /// once; a handle that is not open throws.
-class MemoryFiles final : public Files {
+class MemoryFiles : public Files {
 public:
     /// The test's own hands, beside the port.
     void put(CStringView path, std::string bytes) {
