@@ -97,7 +97,7 @@ public:
     /// person. An expression in its place is evaluated. Throws CommandCancelled when there is none.
     ryv::CString ask(ryv::CStringView prompt);
 
-    /// Nothing more is run: what is queued is forgotten, scripts stop.
+    /// Nothing more is run: what is queued is forgotten, scripts stop. May be called from a signal handler.
     void end() noexcept { ended_ = true; }
 
     /// Breaks off what runs, with its scripts and what is queued behind it. May be called from a signal
@@ -152,7 +152,7 @@ private:
     std::vector<std::unique_ptr<Source>> sources_;
     std::vector<Level> levels_;
     std::atomic<bool> interrupted_ = false;
-    bool ended_ = false;
+    std::atomic<bool> ended_ = false;
 };
 
 } // namespace drafta

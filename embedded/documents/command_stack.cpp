@@ -13,6 +13,11 @@ ryv::CStringView bare(ryv::CStringView globalName) noexcept {
     return globalName.starts_with(u'_') ? globalName.substr(1) : globalName;
 }
 
+bool isNamed(const ryv::HostCommand& command, ryv::CStringView group, ryv::CStringView globalName) {
+    return ryv::equalNoCase(command.group, group) &&
+           ryv::equalNoCase(bare(command.globalName), bare(globalName));
+}
+
 } // namespace
 
 ryv::CStringView withoutMarks(ryv::CStringView typed) noexcept {
@@ -23,10 +28,8 @@ ryv::CStringView withoutMarks(ryv::CStringView typed) noexcept {
 bool CommandStack::add(ryv::HostCommand command) {
     if (command.group.empty() || bare(command.globalName).empty() || !command.handler)
         return false;
-    const bool taken = std::any_of(commands_.begin(), commands_.end(), [&](const auto& other) {
-        return ryv::equalNoCase(other->group, command.group) &&
-               ryv::equalNoCase(bare(other->globalName), bare(command.globalName));
-    });
+    const bool taken = std::any_of(commands_.begin(), commands_.end(),
+        [&](const auto& other) { return isNamed(*other, command.group, command.globalName); });
     if (taken)
         return false;
     commands_.push_back(std::make_shared<const ryv::HostCommand>(std::move(command)));
@@ -36,6 +39,11 @@ bool CommandStack::add(ryv::HostCommand command) {
 bool CommandStack::removeGroup(ryv::CStringView group) {
     return std::erase_if(
                commands_, [&](const auto& command) { return ryv::equalNoCase(command->group, group); }) != 0;
+}
+
+bool CommandStack::remove(ryv::CStringView group, ryv::CStringView globalName) {
+    return std::erase_if(
+               commands_, [&](const auto& command) { return isNamed(*command, group, globalName); }) != 0;
 }
 
 std::shared_ptr<const ryv::HostCommand> CommandStack::find(ryv::CStringView typed) const {

@@ -14,6 +14,9 @@ public:
     bool add(ryv::HostCommand command);
     bool removeGroup(ryv::CStringView group);
 
+    /// Removes one command by its names, which count as for add(); false when there is none.
+    bool remove(ryv::CStringView group, ryv::CStringView globalName);
+
     /// The command that a typed name means, null when there is none. In front of the name "'" asks for a
     /// transparent start, "_" for the name that is the same in all languages, "." for the host's own command
     /// where another one has taken its name; they may stand in any order and count here only in so far as "_"

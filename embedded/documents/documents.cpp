@@ -59,7 +59,7 @@ DocumentId Documents::admit(std::shared_ptr<Drawing> drawing, ryv::CString name,
     if (parts_.loaded && find(id))
         parts_.loaded(id);
     if (find(id))
-        tell([&](ryv::DocumentObserver& observer) { observer.documentActivated(id); });
+        announce(id);
     return find(id) ? id : DocumentId::none;
 }
 
@@ -93,8 +93,12 @@ bool Documents::activate(DocumentId id) {
     current_ = id;
     std::erase(recent_, id);
     recent_.push_back(id);
-    tell([&](ryv::DocumentObserver& observer) { observer.documentActivated(id); });
+    announce(id);
     return true;
+}
+
+void Documents::announce(DocumentId id) {
+    tell([&](ryv::DocumentObserver& observer) { observer.documentActivated(id); });
 }
 
 bool Documents::close(DocumentId id) {
@@ -122,8 +126,7 @@ bool Documents::close(DocumentId id) {
         current_ = recent_.empty() ? DocumentId::none : recent_.back();
     tell([&](ryv::DocumentObserver& observer) { observer.documentDestroyed(id); });
     if (wasCurrent) {
-        const DocumentId next = current_;
-        tell([&](ryv::DocumentObserver& observer) { observer.documentActivated(next); });
+        announce(current_);
     }
     return true;
 }

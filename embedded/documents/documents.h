@@ -6,6 +6,7 @@
 #include "platform/host/documents.h"
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 namespace drafta {
@@ -19,9 +20,9 @@ struct Document {
     bool isNamed = false;
     std::shared_ptr<Drawing> drawing;
     std::unique_ptr<LispSession> lisp;
-    int busy = 0;            ///< commands and expressions at work in it
-    bool isClosing = false;  ///< its end has been announced
-    bool isQuiescent = true; ///< as its observers were told last
+    int busy = 0;             ///< commands and expressions at work in it
+    bool isClosing = false;   ///< its end has been announced
+    bool isQuiescent = false; ///< as its observers were told last; a new document has not come to rest yet
     std::vector<ryv::InputContextObserver*> observers;
 };
 
@@ -59,6 +60,23 @@ public:
 
     /// Makes a document active and current. False when there is none of that number.
     bool activate(ryv::DocumentId document);
+
+    /// Makes a document current, without activating it, for as long as this object lives.
+    class Visit {
+    public:
+        Visit(Documents& documents, ryv::DocumentId document) noexcept
+            : documents_(documents), before_(std::exchange(documents.current_, document)) {}
+        Visit(const Visit&) = delete;
+        Visit& operator=(const Visit&) = delete;
+        ~Visit() { documents_.current_ = documents_.find(before_) ? before_ : ryv::DocumentId::none; }
+
+    private:
+        Documents& documents_;
+        ryv::DocumentId before_;
+    };
+
+    /// Tells the observers again which document is active, for one that has come later.
+    void announce(ryv::DocumentId document);
 
     /// Closes a document without saving it. False when there is none, or when a command or LISP is at work in
     /// it: its own interpreter cannot end under its feet.

@@ -16,11 +16,15 @@ void Editor::tell(const Notice& notice) {
 }
 
 void Editor::defineVariable(ryv::CStringView name, Read read) {
-    variables_[ryv::toUpper(name)] = {ryv::CString(name), {}, std::move(read)};
+    defineVariable(name, std::move(read), nullptr);
+}
+
+void Editor::defineVariable(ryv::CStringView name, Read read, Write write) {
+    variables_[ryv::toUpper(name)] = {ryv::CString(name), {}, std::move(read), std::move(write)};
 }
 
 void Editor::defineVariable(ryv::CStringView name, ryv::SystemVariable value) {
-    variables_[ryv::toUpper(name)] = {ryv::CString(name), std::move(value), nullptr};
+    variables_[ryv::toUpper(name)] = {ryv::CString(name), std::move(value), nullptr, nullptr};
 }
 
 bool Editor::mayQuit() {
@@ -46,11 +50,15 @@ bool Editor::systemVariable(ryv::CStringView name, ryv::SystemVariable& value) {
 }
 
 bool Editor::setSystemVariable(ryv::CStringView name, const ryv::SystemVariable& value) {
-    const auto hit = variables_.find(ryv::toUpper(name));
-    if (hit == variables_.end() || hit->second.read || hit->second.value.index() != value.index())
+    ryv::SystemVariable old;
+    if (!systemVariable(name, old) || old.index() != value.index())
         return false;
-    hit->second.value = value;
-    const ryv::CString spelled = hit->second.name;
+    Variable& variable = variables_.find(ryv::toUpper(name))->second;
+    if (variable.read && !(variable.write && variable.write(value)))
+        return false;
+    if (!variable.read)
+        variable.value = value;
+    const ryv::CString spelled = variable.name;
     tell([&](ryv::EditorObserver& observer) { observer.systemVariableChanged(spelled); });
     return true;
 }

@@ -15,6 +15,9 @@ public:
     /// here and can be set.
     using Read = std::function<ryv::SystemVariable()>;
     void defineVariable(ryv::CStringView name, Read read);
+    /// `write` takes a new value of the variable's type on, or refuses it with false.
+    using Write = std::function<bool(const ryv::SystemVariable&)>;
+    void defineVariable(ryv::CStringView name, Read read, Write write);
     void defineVariable(ryv::CStringView name, ryv::SystemVariable value);
 
     /// Where takeUserBreak() gets its answer from.
@@ -35,6 +38,7 @@ private:
         ryv::CString name;
         ryv::SystemVariable value;
         Read read;
+        Write write;
     };
     template <class Notice>
     void tell(const Notice& notice);

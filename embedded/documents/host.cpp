@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "embedded/os/native_path.h"
 #include "siblings/file_content.h"
+#include "toolkit/plain_text.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -24,7 +25,7 @@ Host::Host(HostOptions options)
           [this](const ryv::CString& problem) { return shown(problem); }, {}} {
     // Whoever keeps something there later finds it; when it cannot be made, that is when it is said.
     std::error_code ignored;
-    std::filesystem::create_directories(options_.profileFolder, ignored);
+    std::filesystem::create_directories(joinNative(options_.profileFolder, "support"), ignored);
     fillPlatform();
     defineSearchPath();
     defineVariables();
@@ -32,11 +33,24 @@ Host::Host(HostOptions options)
     editor_.setBreakSource([this] { return commandLine_.takeInterrupt(); });
 }
 
-Host::~Host() = default;
+/// The modules with their palettes are still there.
+Host::~Host() {
+    commandLine_.takeInterrupt(); // what broke off the commands breaks nothing off that ends
+    keepLayouts();
+}
 
 /// Something in the profile folder, or the folder itself, as module text.
 ryv::CString Host::inProfile(std::string_view name) {
     return os_.platform().os.paths->fromNative(joinNative(options_.profileFolder, name));
+}
+
+ryv::CString Host::inProduct(std::string_view name) {
+    return os_.platform().os.paths->fromNative(joinNative(options_.productFolder, name));
+}
+
+/// Tells a line that begins with the path of a file.
+std::function<void(ryv::CStringView)> Host::warning() {
+    return [this](ryv::CStringView line) { printError(shown(ryv::CString(line)) + u"\n"); };
 }
 
 Documents::Parts Host::documentParts() {
@@ -44,6 +58,7 @@ Documents::Parts Host::documentParts() {
     parts.files = os_.platform().os.files;
     parts.paths = os_.platform().os.paths;
     parts.commandLine = &commandLine_;
+    parts.loaded = [this](ryv::DocumentId) { modules_.documentLoaded(); };
     parts.saved = [this](ryv::CStringView path) { editor_.tellSaved(path); };
     parts.makeLisp = [this] {
         lisp::Services& services = *this;
@@ -74,7 +89,8 @@ TextTerminal Host::terminal() {
         [this](ryv::CStringView path) {
             ryv::FileInformation information;
             return files().information(path, information).ok();
-        }};
+        },
+        [this] { return commandLine_.isInterrupted(); }};
 }
 
 void Host::fillPlatform() {
@@ -87,12 +103,19 @@ void Host::fillPlatform() {
     ports.host.drawings = &drawingsPort_;
     ports.host.editor = &editor_;
     ports.host.profile = this;
+    ports.host.mainWindow = &mainWindow_;
+    ports.host.palettes = &palettes_;
     ports.os.registry = &registry_;
     ports.os.messages = &loop_;
     ports.os.monitor = &monitor_;
     ports.services.taskDialogs = &taskDialogs_;
+    ports.services.catalogBrowser = &catalogBrowser_;
     ports.services.settings = &settings_;
     ports.services.userFolders = &folders_;
+    ports.services.lockCheck = &lockCheck_;
+    ports.services.clientManager = &clientManager_;
+    ports.services.waitCursor = &waitCursor_;
+    ports.services.menuHook = &menuHook_;
     if (options_.logsEvents)
         ports.services.eventLog = &eventLog_;
     ports.ui = &userInterface_;
@@ -123,6 +146,21 @@ void Host::defineVariables() {
         return document && document->drawing->isModified() ? 1 : 0;
     });
     editor_.defineVariable(u"CleanScreenState", ryv::SystemVariable(0));
+    editor_.defineVariable(
+        u"COLORTHEME",
+        [this]() -> ryv::SystemVariable { return mainWindow_.theme() == ryv::HostTheme::light ? 1 : 0; },
+        [this](const ryv::SystemVariable& value) {
+            const std::int32_t theme = std::get<std::int32_t>(value);
+            if (theme == 0 || theme == 1)
+                mainWindow_.setTheme(theme == 1 ? ryv::HostTheme::light : ryv::HostTheme::dark);
+            return theme == 0 || theme == 1;
+        });
+    editor_.defineVariable(
+        u"WAITCURSOR", [this]() -> ryv::SystemVariable { return waitCursor_.isShown() ? 1 : 0; });
+    editor_.defineVariable(
+        u"MENUHOOK", [this]() -> ryv::SystemVariable { return menuHook_.isThere() ? 1 : 0; });
+    editor_.defineVariable(
+        u"CATALOGCHANGES", [this]() -> ryv::SystemVariable { return catalogBrowser_.changes(); });
     editor_.defineVariable(u"CMDECHO", ryv::SystemVariable(1));
     editor_.defineVariable(u"USERI1", ryv::SystemVariable(0));
     editor_.defineVariable(u"USERR1", ryv::SystemVariable(0.0));
@@ -145,17 +183,30 @@ bool Host::openDocument(ryv::CStringView path) {
 }
 
 bool Host::openProject(ryv::CStringView path) {
-    ryv::HostResultBuffer result;
-    const auto call = ryv::HostResultBuffer().addString(u"ryv_makeproj_active").addString(path);
     ryv::FileInformation information;
     const ryv::FileStatus status = files().information(path, information);
-    if (Document* const document = documents_.current())
-        document->lisp->interpreter().expose(u"ryv_makeproj_active");
-    if (status.ok() && lispPort_.invoke(call, result) == ryv::LispStatus::success)
+    if (status.ok() && makeProjectActive(path))
         return true;
     const char* const reason = status.ok() ? "the package does not take it" : describe(status.error);
     print(u"\n" + shown(ryv::CString(path) + u": " + ryv::fromAscii(reason)) + u"\n");
     return false;
+}
+
+/// Through the project manager, when it is loaded; otherwise the package's LISP alone knows of the project.
+bool Host::makeProjectActive(ryv::CStringView path) {
+    Document* const document = documents_.current();
+    if (!document)
+        return false;
+    ryv::HostResultBuffer result;
+    auto call = ryv::HostResultBuffer();
+    if (document->lisp->interpreter().expose(u"ryv_openproject")) {
+        call.addString(u"ryv_openproject").addString(path).addInteger(1);
+        return lispPort_.invoke(call, result) == ryv::LispStatus::success && !result.empty() &&
+               result.at(0).type == ryv::ResultType::truth;
+    }
+    document->lisp->interpreter().expose(u"ryv_makeproj_active");
+    call.addString(u"ryv_makeproj_active").addString(path);
+    return lispPort_.invoke(call, result) == ryv::LispStatus::success;
 }
 
 void Host::warnOfChanges() {
@@ -212,6 +263,13 @@ void Host::interrupt() noexcept {
     lispAtWork_.interrupt();
 }
 
+void Host::leave() noexcept {
+    hasQuit_ = true;
+    commandLine_.end();
+    interrupt();
+    loop_.quit();
+}
+
 /// Problems begin with the module's path of a file; people are shown the one that they know.
 ryv::CString Host::shown(const ryv::CString& problem) {
     for (std::size_t colon = problem.find(u':'); colon != ryv::CString::npos;
@@ -238,7 +296,8 @@ bool Host::evaluate(ryv::CStringView expression, ValueForm form, ryv::CString& v
 }
 
 ryv::CString Host::shownPath(ryv::CStringView path) {
-    return ryv::paths::isRelative(path) ? ryv::CString(path) : ryv::nameFromBytes(paths().toNative(path));
+    const bool isRelative = ryv::paths::isRelative(path);
+    return ryv::onOneLine(isRelative ? ryv::CString(path) : ryv::nameFromBytes(paths().toNative(path)));
 }
 
 bool Host::callLispCommand(ryv::CStringView name) {
@@ -247,12 +306,12 @@ bool Host::callLispCommand(ryv::CStringView name) {
 }
 
 std::optional<ryv::CString> Host::askPerson(ryv::CStringView prompt) {
-    if (!options_.readLine)
+    if (!options_.readLine || hasQuit_)
         return std::nullopt;
     ++questions_;
     const std::optional<std::string> line = options_.readLine(ryv::nameToBytes(prompt));
     --questions_;
-    if (!line || commandLine_.isInterrupted())
+    if (!line || hasQuit_ || commandLine_.isInterrupted())
         return std::nullopt;
     return ryv::decodeUtf8(*line);
 }

@@ -8,28 +8,38 @@
 #include "embedded/documents/editor.h"
 #include "embedded/documents/lisp_functions.h"
 #include "embedded/documents/lisp_port.h"
+#include "embedded/documents/modules.h"
 #include "embedded/loop/epoll_message_loop.h"
 #include "embedded/monitor/inotify_monitor.h"
 #include "embedded/os/posix_platform.h"
+#include "embedded/palettes/headless_main_window.h"
+#include "embedded/palettes/palette_framework.h"
 #include "embedded/registry/file_registry.h"
+#include "embedded/services/catalog_browser.h"
+#include "embedded/services/client_manager.h"
 #include "embedded/services/event_log.h"
+#include "embedded/services/menu_hook.h"
+#include "embedded/services/package_lock_check.h"
 #include "embedded/services/profile_folders.h"
 #include "embedded/services/registry_settings.h"
 #include "embedded/services/search_path.h"
 #include "embedded/services/task_dialog_catalogue.h"
 #include "embedded/services/text_user_interface.h"
+#include "embedded/services/wait_cursor.h"
 
 namespace drafta {
 
 /// Where the host finds things and what it talks through. Folders and texts are native bytes.
 struct HostOptions {
-    std::string profileFolder;                   ///< for what the user sets; made when it is missing
-    std::string productFolder;                   ///< with the folders "package", "support" and "template"
-    std::function<void(std::string_view)> print; ///< on the command line
+    std::string profileFolder; ///< for what the user sets; made when it is missing
+    std::string productFolder; ///< with the folders "package", "resources", "support" and "template"
+    std::function<void(std::string_view)> print;      ///< on the command line
     std::function<void(std::string_view)> printError; ///< beside it
     /// A line from the person in front of the terminal, without its end; nothing when nobody is there.
     std::function<std::optional<std::string>(std::string_view prompt)> readLine;
-    bool logsEvents = false; ///< what happens to projects goes to printError
+    bool logsEvents = false;     ///< what happens to projects goes to printError
+    Screen screen{};             ///< that the main window stands on
+    bool isInBackground = false; ///< the host works for another program and shows no palettes
 };
 
 class Host final : private CommandLineSite,
@@ -48,6 +58,7 @@ public:
     Documents& documents() noexcept { return documents_; }
     CommandLine& commandLine() noexcept { return commandLine_; }
     TextUserInterface& userInterface() noexcept { return userInterface_; }
+    PaletteFramework& palettes() noexcept { return palettes_; }
 
     /// Makes a document of the product's template, or opens a drawing; false after a failure, which is
     /// printed.
@@ -56,6 +67,10 @@ public:
 
     /// Makes a project the active one of the package; false, with the reason printed, when it cannot be.
     bool openProject(ryv::CStringView path);
+
+    /// Loads a plug-in module by the native path of its file; false, with one line in `problem`, when that
+    /// cannot be done.
+    bool loadModule(const std::string& file, std::string& problem);
 
     /// Says beside the command line which drawings have changes that are not saved.
     void warnOfChanges();
@@ -83,7 +98,12 @@ public:
     /// Asks to leave, as the command QUIT does.
     void quit();
 
-    /// True when the user has asked to leave, and nothing keeps the host running.
+    /// Leaves without asking anybody anything: what runs is broken off, nothing more begins, all questions
+    /// are cancelled, and pendingDescriptor() becomes readable. LISP that begins at this very moment is
+    /// missed, so whoever must be sure calls again. May be called from a signal handler.
+    void leave() noexcept;
+
+    /// True when the host was made to leave, or the user has asked to and nothing keeps it running.
     bool hasQuit() const noexcept { return hasQuit_; }
 
 private:
@@ -91,6 +111,8 @@ private:
     TextTerminal terminal();
     MonitorOptions monitorOptions();
     ryv::CString inProfile(std::string_view name);
+    ryv::CString inProduct(std::string_view name);
+    std::function<void(ryv::CStringView)> warning();
     void printError(ryv::CStringView text) { options_.printError(ryv::nameToBytes(text)); }
     void fillPlatform();
     void defineSearchPath();
@@ -104,6 +126,7 @@ private:
     bool keepChanges();
     bool mayReplace(ryv::CStringView path);
     std::size_t lispErrors();
+    bool makeProjectActive(ryv::CStringView path);
 
     void runOpen();
     void runNew();
@@ -115,6 +138,16 @@ private:
     void runScriptNow();
     void runHelp();
     void runSetVariable();
+    void definePaletteCommands();
+    void setCleanScreen(bool clean);
+    void keepLayouts();
+    void runShowPalettes();
+    void runPalette();
+    void runSaveWorkspace();
+    void runLoadWorkspace();
+    void runLoadModule();
+    void runUnloadModule();
+    void runListModules();
 
     // CommandLineSite
     ryv::DocumentId currentDocument() override { return documents_.currentDocument(); }
@@ -160,12 +193,22 @@ private:
     FileRegistry registry_{*os_.platform().os.files, inProfile("registry.txt")};
     RegistrySettings settings_{registry_, u"Software\\drafta\\Package"};
     ProfileFolders folders_{settings_, inProfile("")};
-    TaskDialogCatalogue taskDialogs_;
+    ToldCatalogBrowser catalogBrowser_;
+    TaskDialogCatalogue taskDialogs_{
+        *os_.platform().os.files, inProduct("resources/TaskDialogs.xaml"), warning()};
+    HeadlessMainWindow mainWindow_{
+        loop_, options_.screen, options_.isInBackground, [this] { return documents_.hasCurrentDocument(); }};
+    Workspace workspace_{*os_.platform().os.files, inProfile("workspace.xml"), warning()};
+    PaletteFramework palettes_{{loop_, mainWindow_, workspace_, warning()}};
+    ClientManager clientManager_;
+    MenuHook menuHook_;
+    WaitCursor waitCursor_;
     PrintedEventLog eventLog_{[this](ryv::CStringView text) { printError(text); },
-        [this](ryv::CStringView path) { return shownPath(path); }};
+        [this](ryv::CStringView path) { return ryv::nameFromBytes(paths().toNative(path)); }};
     CommandLine commandLine_{*this};
     Documents documents_{documentParts()};
     LispPort lispPort_{documents_};
+    PackageLockCheck lockCheck_{lispPort_};
     DrawingsPort drawingsPort_{documents_, *os_.platform().os.files};
     Editor editor_;
     SearchPath searchPath_;
@@ -174,8 +217,10 @@ private:
     ryv::CString templateFolder_;
     std::map<ryv::CString, ryv::CString> environment_;
     LispAtWork lispAtWork_;
+    // Ends first: modules use all of the others.
+    Modules modules_{os_.platform(), documents_, lispPort_, commandLine_.stack()};
     int questions_ = 0; // that the person is to answer now
-    bool hasQuit_ = false;
+    std::atomic<bool> hasQuit_ = false;
 };
 
 } // namespace drafta

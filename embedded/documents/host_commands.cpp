@@ -52,8 +52,12 @@ void Host::defineCommands() {
     addCommand(u"QUIT", outside, &Host::runQuit);
     addCommand(u"SCRIPT", outside, &Host::runScript);
     addCommand(u"RYV_SCRIPT", outside, &Host::runScriptNow);
+    addCommand(u"LOADMODULE", outside, &Host::runLoadModule);
+    addCommand(u"UNLOADMODULE", outside, &Host::runUnloadModule);
+    addCommand(u"MODULES", outsideTransparent, &Host::runListModules);
     addCommand(u"SETVAR", outsideTransparent, &Host::runSetVariable);
     addCommand(u"HELP", outsideTransparent, &Host::runHelp);
+    definePaletteCommands();
 }
 
 /// A path as people write it, asked for again while the answer is empty and a person gives it.
@@ -68,8 +72,8 @@ ryv::CString Host::askPath(ryv::CStringView prompt) {
 
 /// Says what was done with the current document's drawing.
 void Host::tellOf(ryv::CStringView done) {
-    const std::string path = paths().toNative(documents_.fileName(documents_.currentDocument()));
-    print(ryv::format(u"\n%s %s\n", {done, ryv::nameFromBytes(path)}));
+    const ryv::CString path = shownPath(documents_.fileName(documents_.currentDocument()));
+    print(ryv::format(u"\n%s %s\n", {done, path}));
 }
 
 void Host::runOpen() {
@@ -148,6 +152,10 @@ void Host::runClose() {
 }
 
 void Host::runQuit() {
+    if (questions_ > 0 || userInterface_.hasOpenDialog()) {
+        print(u"\nA question is open: the host cannot end now.\n");
+        return;
+    }
     for (const ryv::DocumentId id : documents_.documents()) {
         documents_.activate(id);
         if (!keepChanges())

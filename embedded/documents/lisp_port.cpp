@@ -65,6 +65,13 @@ LispStatus LispPort::registerHandler(int code, ryv::LispHandler handler) {
     return LispStatus::success;
 }
 
+void LispPort::dropHandlers(const std::set<int>& codes) {
+    for (const int code : codes) {
+        handlers_.erase(code);
+        codes_.erase(code);
+    }
+}
+
 HostResultBuffer LispPort::getArgs() {
     return calls_.empty() ? HostResultBuffer() : *calls_.back().arguments;
 }

@@ -18,8 +18,8 @@ public:
     /// Makes the module's functions of a document's LISP reach their handlers here.
     void connect(lisp::Interpreter& interpreter);
 
-    /// Forgets all handlers, when the module goes; its functions give nil from then on.
-    void dropHandlers() { handlers_.clear(); }
+    /// Forgets the handlers of a module that goes; its functions give nil from then on.
+    void dropHandlers(const std::set<int>& codes);
 
     ryv::LispStatus invoke(const ryv::HostResultBuffer& call, ryv::HostResultBuffer& result) override;
     ryv::CString exposeFunctionFormat() override { return u"(expose-function '%s)"; }

@@ -10,5 +10,6 @@
       c:ryv_check_linkterm c:ryv_term_linkterm_update_main
       c:kq_xref_setup_graphical c:kq_xref_setup_table c:kq_xref_setup_text
       c:ryv_cfg_component_suffix_dlg c:ryv_cfg_wirenum_suffix_dlg ryv_rename_wire_properties
-      kq_fio_does_block_exist_disk kq_fio_block_path_failed_msg c:kq_get_locs_on_dwg c:kq_get_locs_for_proj)
+      kq_fio_does_block_exist_disk kq_fio_block_path_failed_msg c:kq_get_locs_on_dwg c:kq_get_locs_for_proj
+      kqupda_check_and_lock kqupda_unlock)
     (expose-function name))

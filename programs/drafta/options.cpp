@@ -9,10 +9,12 @@ namespace drafta {
 
 namespace {
 
-constexpr std::array<option, 9> known = {{{"console", no_argument, nullptr, 'c'},
+constexpr std::array<option, 13> known = {{{"console", no_argument, nullptr, 'c'},
     {"batch", required_argument, nullptr, 'b'}, {"answers", required_argument, nullptr, 'a'},
     {"profile", required_argument, nullptr, 'p'}, {"drive", required_argument, nullptr, 'd'},
-    {"log-events", no_argument, nullptr, 'l'}, {"help", no_argument, nullptr, 'h'},
+    {"log-events", no_argument, nullptr, 'l'}, {"module", required_argument, nullptr, 'm'},
+    {"no-module", no_argument, nullptr, 'n'}, {"screen", required_argument, nullptr, 's'},
+    {"background", no_argument, nullptr, 'g'}, {"help", no_argument, nullptr, 'h'},
     {"version", no_argument, nullptr, 'v'}, {nullptr, 0, nullptr, 0}}};
 
 std::string variable(const char* name) {
@@ -33,6 +35,12 @@ bool takeDrive(const std::string& text, Options& options) {
     if (good)
         options.drives.emplace_back(text[0], text.substr(2));
     return good;
+}
+
+bool takeScreen(const std::string& text, Options& options) {
+    const std::optional<Screen> screen = Screen::parse(text);
+    options.screen = screen.value_or(Screen());
+    return screen.has_value();
 }
 
 bool setMode(Options& options, Options::Mode mode, std::string& problem) {
@@ -65,6 +73,20 @@ bool take(int letter, Options& options, std::string& problem) {
     case 'l':
         options.logsEvents = true;
         return true;
+    case 'm':
+        options.modules.emplace_back(optarg);
+        return true;
+    case 'n':
+        options.loadsModules = false;
+        return true;
+    case 'g':
+        options.isInBackground = true;
+        return true;
+    case 's':
+        if (takeScreen(optarg, options))
+            return true;
+        problem = "--screen wants WIDTHxHEIGHT[@PERCENT], not \"" + std::string(optarg) + "\"";
+        return false;
     case 'd':
         if (takeDrive(optarg, options))
             return true;
@@ -115,12 +137,17 @@ The embedded host of the project manager: documents, drawings, commands and LISP
   --answers FILE   what questions and forms answer
   --profile DIR    the folder of the user's settings, instead of $XDG_CONFIG_HOME/drafta
   --drive X=DIR    lets a drive letter stand for a folder; may be repeated
+  --module FILE    a plug-in module to load instead of RyvPageMan.so; may be repeated
+  --no-module      none is loaded
+  --screen SIZE    the screen to lay palettes out for, WIDTHxHEIGHT[@PERCENT]; 1920x1080@100
+  --background     works for another program and shows no palettes
   --log-events     what the module tells of projects, one line an event on standard error
   --help           this text
   --version        the version
 
 FILEs are drawings (.dwg) that are opened and projects (.kqp) of which the last becomes
-the active one. Exit code: 0 done, 1 a LISP error in the batch file, 2 usage or input error.
+the active one. Exit code: 0 done, 1 a LISP error in the batch file, 2 usage or input error,
+128 and its number when a signal (SIGTERM, SIGHUP) made the program leave.
 )";
 }
 

@@ -1,6 +1,8 @@
 // The command line of drafta.
 #pragma once
 
+#include "embedded/palettes/screen.h"
+
 #include <string>
 #include <utility>
 #include <vector>
@@ -14,6 +16,10 @@ struct Options {
     std::string answersFile;
     std::string profileFolder;
     bool logsEvents = false;
+    bool loadsModules = true;
+    Screen screen;
+    bool isInBackground = false;
+    std::vector<std::string> modules; ///< to load; none: the one that the program brings
     std::vector<std::pair<char, std::string>> drives;
     std::vector<std::string> files; ///< drawings and projects to begin with
 };

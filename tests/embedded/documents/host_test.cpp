@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/text.h"
+#include "toolkit/dialog.h"
 
 #include <filesystem>
 #include <fstream>
@@ -149,8 +150,8 @@ TEST_F(HostTest, observers_hearTheLifeOfADocumentInOrder) {
     line("close");
     host.documents().remove(observer);
     host.documents().detach(observer);
-    EXPECT_EQ(observer.log, (std::vector<std::string>{"created 2", "activated 2", "busy 2", "SAVEAS",
-                                "SAVEAS", "idle 2", "ending 2", "destroyed 2", "activated 1"}));
+    EXPECT_EQ(observer.log, (std::vector<std::string>{"created 2", "activated 2", "idle 2", "busy 2",
+                                "SAVEAS", "SAVEAS", "idle 2", "ending 2", "destroyed 2", "activated 1"}));
     EXPECT_TRUE(std::filesystem::exists(folder.native("b.dwg")));
 }
 
@@ -422,6 +423,29 @@ TEST_F(HostTest, quitting_asksForChangesAndCanBeVetoed) {
     line("quit");
     EXPECT_FALSE(host.hasQuit());
     host.platform().host.editor->remove(veto);
+    line("quit");
+    EXPECT_TRUE(host.hasQuit());
+}
+
+TEST_F(HostTest, quitting_isRefusedWhileADialogIsOpen) {
+    class Quitting final : public ryv::Dialog {
+    public:
+        explicit Quitting(Host& host) : Dialog({u"Q", u"Question", {}, {}}), host_(host) {}
+
+    private:
+        bool onOk() override {
+            host_.platform().host.commands->runCommand({u"_.QUIT"});
+            return true;
+        }
+        Host& host_;
+    } dialog(host);
+    Answers answers;
+    CString problem;
+    ASSERT_TRUE(Answers::parse(u"dialog Q: ok", answers, problem));
+    host.userInterface().setAnswers(answers);
+    EXPECT_EQ(host.platform().ui->runModal(dialog), ryv::Dialog::idOk);
+    EXPECT_FALSE(host.hasQuit());
+    EXPECT_NE(printed.find("A question is open"), std::string::npos);
     line("quit");
     EXPECT_TRUE(host.hasQuit());
 }
