@@ -1,0 +1,40 @@
+// The palette: what the palette set shows. At the bottom two pages about the drawing that is selected.
+#pragma once
+
+#include "platform/host/palettes.h"
+#include "toolkit/picture.h"
+#include "toolkit/text_field.h"
+
+namespace ryv {
+
+class RyvPrmPalette {
+public:
+    static constexpr int detailsId = 1;
+    static constexpr int previewId = 2;
+
+    /// Builds the pages into the host's palette, which outlives this object's use but not this object.
+    explicit RyvPrmPalette(HostPalette& host);
+    RyvPrmPalette(const RyvPrmPalette&) = delete;
+    RyvPrmPalette& operator=(const RyvPrmPalette&) = delete;
+
+    HostPalette& host() const noexcept { return host_; }
+
+    /// Read-only text about what is selected.
+    TextField& details() noexcept { return details_; }
+    /// What the selected drawing looks like.
+    Picture& preview() noexcept { return preview_; }
+
+    /// Writes the palette's own part of the layout into its node, and takes it on from there; what is missing
+    /// stays as it is.
+    void saveLayout(WorkspaceNode& node) const;
+    void loadLayout(const WorkspaceNode& node);
+
+    void applyTheme();
+
+private:
+    HostPalette& host_;
+    TextField details_;
+    Picture preview_;
+};
+
+} // namespace ryv

@@ -1,0 +1,266 @@
+#include "host/palette_set.h"
+
+#include "host/exported_functions.h"
+#include "host/palette.h"
+#include "tests/host/nav_fixture.h"
+
+namespace ryv::test {
+namespace {
+
+class PaletteSetTest : public NavFixture {
+protected:
+    PaletteSetTest() { start(); }
+
+    ScriptedPaletteSet& host() { return *surroundings.palettes.set; }
+    ScriptedPalette& hostPalette() { return *host().palettes.front(); }
+    bool save(WorkspaceNode& node) { return host().client().saveLayout(node); }
+    bool load(const WorkspaceNode& node) { return host().client().loadLayout(node); }
+    std::size_t rereads() const {
+        const CStringArray& lines = surroundings.eventLog.lines;
+        return static_cast<std::size_t>(std::count_if(lines.begin(), lines.end(),
+            [](const CString& line) { return line.starts_with(u"onProjectReRead"); }));
+    }
+};
+
+TEST_F(PaletteSetTest, creation_makesWhatTheHostHasToKnow) {
+    surroundings.mainWindow.dpi = {1.5, 1.25};
+    start();
+    ASSERT_EQ(surroundings.palettes.tools.size(), 1u); // the tool of the run before was replaced
+    const HostTool& tool = surroundings.palettes.tools[0];
+    EXPECT_EQ(tool.name, u"Project Manager");
+    EXPECT_EQ(tool.command, u"ryvnav");
+    EXPECT_EQ(tool.id, u"{E7BD0FA7-884D-48F7-A62A-B65A2CDD1F80}");
+    EXPECT_EQ(host().toolId, tool.id);
+    EXPECT_FALSE(host().name.empty());
+    EXPECT_EQ(host().description.rectangle, (ScreenRectangle{0, 0, 375, 563}));
+    EXPECT_EQ(host().description.windowStyle, 0x410000u);
+    EXPECT_EQ(host().description.paletteSetStyle, 46u);
+    EXPECT_TRUE(host().description.doubleClicks);
+    EXPECT_EQ(host().docking, DockingSides::all);
+    ASSERT_EQ(hostPalette().bottomGroup.pages.size(), 2u);
+    RyvPrmPalette& palette = *nav->firstPalette();
+    EXPECT_EQ(hostPalette().bottomGroup.pages[0].second, &palette.details());
+    EXPECT_EQ(hostPalette().bottomGroup.pages[1].second, &palette.preview());
+    EXPECT_FALSE(palette.details().type(u"of the user"));
+}
+
+TEST_F(PaletteSetTest, firstShow_floatsHalfTheScreenHighOverTheDocument) {
+    struct Case {
+        int screen;
+        DpiFactors dpi;
+        std::optional<ScreenRectangle> document;
+        ScreenRectangle expected;
+    };
+    const ScreenRectangle area{30, 40, 500, 500};
+    const Case cases[] = {
+        {900, {1, 1}, area, {30, 40, 270, 450}},
+        {1200, {1, 1}, area, {30, 40, 300, 600}},
+        {400, {1, 1}, area, {30, 40, 237, 250}},
+        {1023, {1, 1}, area, {30, 40, 306, 511}},
+        {1024, {1, 1}, area, {30, 40, 256, 512}},
+        {400, {1.5, 1.25}, area, {30, 40, 342, 313}},
+        {900, {1, 1}, std::nullopt, {100, 250, 270, 450}},
+    };
+    surroundings.mainWindow.place = {100, 200, 800, 600};
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.screen);
+        surroundings.mainWindow.height = each.screen;
+        surroundings.mainWindow.dpi = each.dpi;
+        surroundings.mainWindow.document = each.document;
+        start();
+        EXPECT_TRUE(nav->showPaletteSet(true));
+        EXPECT_TRUE(host().visible && host().floating);
+        EXPECT_EQ(host().rectangle, each.expected);
+    }
+    EXPECT_EQ(surroundings.mainWindow.focused, std::size(cases));
+    host().rectangle = area; // the user moves it
+    EXPECT_TRUE(nav->showPaletteSet(false) && nav->showPaletteSet(true));
+    EXPECT_EQ(host().rectangle, area);
+}
+
+TEST_F(PaletteSetTest, oneThatTheWorkspaceShowsAlready_isNotMoved) {
+    host().visible = true;
+    EXPECT_TRUE(nav->showPaletteSet(true));
+    EXPECT_FALSE(host().floating);
+    host().floating = host().rollsUp = true;
+    EXPECT_TRUE(nav->showPaletteSet(true));
+    EXPECT_EQ(host().rolledOut, 1u);
+}
+
+TEST_F(PaletteSetTest, showing_saysWhenItCannot) {
+    struct Case {
+        const char* situation;
+        std::function<void()> change;
+        bool result, visible;
+    };
+    const Case cases[] = {
+        {"no main window", [this] { surroundings.mainWindow.handle = WindowHandle::none; }, false, false},
+        {"no window can be made", [this] { surroundings.palettes.canCreateWindows = false; }, false, false},
+        {"background", [this] { surroundings.mainWindow.background = true; }, true, false},
+        {"all is well", [] {}, true, true},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.situation);
+        stop();
+        surroundings.mainWindow.handle = WindowHandle{4711};
+        surroundings.mainWindow.background = false;
+        surroundings.palettes.canCreateWindows = true;
+        each.change();
+        start();
+        EXPECT_EQ(nav->showPaletteSet(true), each.result);
+        EXPECT_EQ(nav->isPaletteSetVisible(), each.visible);
+    }
+    surroundings.messages.destroyWindow(host().window()); // the host has ended it
+    nav->blockCreation(true);
+    EXPECT_FALSE(nav->createPaletteSet());
+    EXPECT_FALSE(nav->showPaletteSet(true) || nav->isPaletteSetVisible());
+}
+
+TEST_F(PaletteSetTest, layout_comesBackInTheNextRun) {
+    WorkspaceNode node(u"SET");
+    hostPalette().setTopToWholeRatio(0.25);
+    hostPalette().bottomGroup.selectPage(1);
+    hostPalette().bottomGroup.setMinimized(true);
+    hostPalette().topGroup.setStyle(7);
+    host().dock = 3;
+    EXPECT_TRUE(save(node) && save(node));
+    ASSERT_EQ(node.children().size(), 1u);
+    EXPECT_EQ(node.children()[0]->children().size(), 1u); // saved into its place, not beside it
+    start();
+    EXPECT_TRUE(load(node));
+    EXPECT_EQ(host().dock, 3);
+    EXPECT_EQ(nav->paletteSet()->savedActivePalette(), 0);
+    EXPECT_EQ(hostPalette().topToWholeRatio(), 0.25);
+    EXPECT_EQ(hostPalette().bottomGroup.selectedPage(), 1);
+    EXPECT_TRUE(hostPalette().bottomGroup.isMinimized());
+    EXPECT_EQ(hostPalette().topGroup.style(), 7);
+}
+
+TEST_F(PaletteSetTest, layoutOfAnother_leavesTheDefaults) {
+    struct Case {
+        CStringView node, name;
+        double ratio;
+    };
+    const CString ours = hostPalette().name();
+    const Case cases[] = {{u"PRM_PALETTE", u"Somebody else's", 0.5}, {u"PRM_PALETTES", ours, 0.5},
+        {u"PRM_PALETTE", u"", 0.5}, {u"prm_palette", ours, 0.75}};
+    for (const Case& each : cases) {
+        start();
+        WorkspaceNode node(u"SET");
+        WorkspaceNode& set = node.addChild(u"PRM_PALETTESET");
+        set.setString(u"ACTIVE_PALETTE_INDEX", u"0"); // of another type
+        WorkspaceNode& palette = set.addChild(each.node);
+        palette.setString(u"paletteName", each.name);
+        palette.setReal(u"topToWholeRatio", 0.75);
+        palette.addChild(u"GROUPCTRL_BOTTOM").setInteger(u"btnSelIndex", 99);
+        EXPECT_TRUE(load(node));
+        EXPECT_EQ(hostPalette().topToWholeRatio(), each.ratio);
+        EXPECT_EQ(hostPalette().bottomGroup.selectedPage(), 0);
+        EXPECT_EQ(nav->paletteSet()->savedActivePalette(), -1);
+    }
+    EXPECT_TRUE(load(WorkspaceNode(u"EMPTY")));
+}
+
+TEST_F(PaletteSetTest, failureOfTheHostsPart_failsTheWhole) {
+    WorkspaceNode saved(u"SET");
+    hostPalette().setTopToWholeRatio(0.25);
+    ASSERT_TRUE(save(saved));
+    EXPECT_FALSE(nav->remembersVisible());
+    nav->showPaletteSet(true);
+    hostPalette().setTopToWholeRatio(0.75);
+    host().layoutWorks = false;
+    WorkspaceNode node(u"SET");
+    EXPECT_FALSE(save(node));
+    EXPECT_TRUE(node.children().empty());
+    EXPECT_TRUE(nav->remembersVisible()); // known all the same
+    EXPECT_FALSE(load(saved));
+    EXPECT_EQ(hostPalette().topToWholeRatio(), 0.75);
+}
+
+TEST_F(PaletteSetTest, removedPalette_leavesAnEmptySet) {
+    surroundings.mainWindow.setTheme(HostTheme::dark);
+    EXPECT_EQ(hostPalette().themesApplied, 1u);
+    ScriptedPalette stranger(u"stranger");
+    removeLocationPalette(&stranger);
+    removeLocationPalette(nullptr);
+    ASSERT_TRUE(nav->firstPalette());
+    removeLocationPalette(&hostPalette());
+    EXPECT_TRUE(host().palettes.empty());
+    EXPECT_EQ(nav->firstPalette(), nullptr);
+    WorkspaceNode node(u"SET");
+    EXPECT_TRUE(nav->showPaletteSet(true) && save(node) && load(node));
+    surroundings.mainWindow.setTheme(HostTheme::light);
+    EXPECT_EQ(host().themesApplied, 2u);
+}
+
+TEST_F(PaletteSetTest, changedProject_isReadAgainWithAndWithoutAPalette) {
+    for (const bool hasPalettes : {true, false}) {
+        stop();
+        surroundings.palettes.canCreateWindows = hasPalettes;
+        start();
+        ASSERT_TRUE(activate(u"a"));
+        surroundings.monitor.notify(project(u"a"), FileChange::contentChanged);
+        surroundings.palettes.canCreateWindows = true;
+        EXPECT_TRUE(nav->createPaletteSet()); // what waits already is not lost
+        surroundings.messages.advance(std::chrono::milliseconds(100));
+        EXPECT_EQ(std::exchange(surroundings.eventLog.lines, {}).back(), u"onProjectReRead C:\\P\\a.kqp");
+        EXPECT_EQ(nav->paletteWindow(), host().window());
+        EXPECT_EQ(surroundings.messages.timerCount(), 0u);
+    }
+}
+
+TEST_F(PaletteSetTest, hundredRereads_neverMeetTheRetryTimer) {
+    scriptLisp(false);
+    ASSERT_TRUE(activate(u"a"));
+    surroundings.documents.openDocument(u"C:\\d.dwg");
+    nav->startRetryTimer();
+    for (int i = 0; i < 110; ++i) {
+        surroundings.monitor.notify(project(u"a"), FileChange::contentChanged);
+        surroundings.messages.advance(std::chrono::milliseconds(100));
+    }
+    EXPECT_EQ(rereads(), 110u);
+    EXPECT_EQ(timesTold(), 11u);
+}
+
+TEST_F(PaletteSetTest, retryTimer_asksLispEverySecondUntilItHears) {
+    using std::chrono::milliseconds;
+    scriptLisp(false);
+    ASSERT_TRUE(activate(u"a"));
+    const DocumentId document = openDocument(u"C:\\d.dwg");
+    becomeIdle(document);
+    EXPECT_EQ(timesTold(), 1u);
+    EXPECT_FALSE(nav->makeActivePending);
+    surroundings.messages.advance(milliseconds(500));
+    nav->startRetryTimer(); // runs already: nothing is put off
+    surroundings.messages.advance(milliseconds(499));
+    EXPECT_EQ(timesTold(), 1u);
+    surroundings.messages.advance(milliseconds(1));
+    EXPECT_EQ(timesTold(), 2u);
+    scriptLisp(true);
+    surroundings.messages.advance(milliseconds(5000));
+    EXPECT_EQ(timesTold(), 3u);
+    EXPECT_EQ(surroundings.lisp.calls().back()[1], u"C:\\P\\a.kqp");
+    nav->startRetryTimer();
+    stop();
+    EXPECT_EQ(surroundings.messages.timerCount() + surroundings.messages.windowCount(), 0u);
+    EXPECT_EQ(surroundings.mainWindow.observerCount(), 0u);
+}
+
+TEST_F(PaletteSetTest, withoutAWindow_theNextIdleStateIsTheRetry) {
+    stop();
+    surroundings.palettes.canCreateWindows = false;
+    start();
+    scriptLisp(false);
+    ASSERT_TRUE(activate(u"a"));
+    const DocumentId document = openDocument(u"C:\\d.dwg");
+    becomeIdle(document);
+    becomeIdle(document);
+    EXPECT_EQ(timesTold(), 2u);
+    scriptLisp(true);
+    becomeIdle(document);
+    becomeIdle(document);
+    EXPECT_EQ(timesTold(), 3u);
+}
+
+} // namespace
+} // namespace ryv::test
