@@ -1,6 +1,7 @@
 // The package's LISP as users run it: the scripts of batch/ under "drafta --batch", each on a copy of the
 // sample project. Beside a script stand what it prints, and the answers to what it asks.
 #include "tests/support/process.h"
+#include "tests/support/story.h"
 #include "tests/support/temp_folder.h"
 
 #include <gtest/gtest.h>
@@ -9,17 +10,6 @@ namespace ryv::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string replaced(std::string text, const std::string& old, const std::string& with) {
-    for (std::size_t at = 0; (at = text.find(old, at)) != std::string::npos; at += with.size())
-        text.replace(at, old.size(), with);
-    return text;
-}
-
-std::string contentOf(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 class BatchRun {
 public:

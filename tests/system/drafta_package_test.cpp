@@ -54,7 +54,7 @@ TEST(DraftaPackageTest, functions_thatAreCalledFromOutside_areInvocable) {
              u"kq_1_luk4_replaceable_substitution", u"c:kq_xref_setup_graphical", u"c:kq_xref_setup_table",
              u"c:kq_xref_setup_text", u"c:ryv_cfg_component_suffix_dlg", u"c:ryv_cfg_wirenum_suffix_dlg",
              u"ryv_rename_wire_properties", u"kq_fio_does_block_exist_disk", u"kq_fio_block_path_failed_msg",
-             u"c:kq_get_locs_on_dwg", u"c:kq_get_locs_for_proj"})
+             u"c:kq_get_locs_on_dwg", u"c:kq_get_locs_for_proj", u"kqupda_check_and_lock", u"kqupda_unlock"})
         EXPECT_TRUE(package.isInvocable(name)) << toUtf8(name) << ": " << package.printed;
 }
 
@@ -103,6 +103,64 @@ TEST(DraftaPackageTest, functions_thatCommandStringsName_takeTheirArguments) {
         for (const char* const complaint : {"arguments", "no function", "Unknown", "bad "})
             EXPECT_EQ(package.printed.find(complaint), std::string::npos) << package.printed;
     }
+}
+
+/// Stands in for the project manager: what it says of files is a list of their states.
+constexpr CStringView lockFunctions = uR"lisp((progn
+  (setq states '(("\\p\\free.kqp" . 1) ("\\p\\own.KQP" . 2) ("\\p\\held.kqp" . 3) ("\\p\\odd.kqp" . 4) ("\\p\\other.kqp" . 1)
+                 ("\\p\\free.dwg" . 1) ("\\p\\held.dwg" . 3) ("\\p\\read-only.dwg" . 5) ("\\p\\none.dwg" . 6)))
+  (defun ryv_getprojectlockstatus (path) (cdr (assoc path states)))
+  (defun ryv_getprojectwholocked (path) (if (assoc path states) "ann(PC 7)"))
+  (defun ryv_getdwglockstatus (path) (cdr (assoc path states)))
+  (defun ryv_getdwgwholocked (path) (if (assoc path states) "ann(PC 7)"))
+  (defun ryv_virtuallockproject (path mode)
+    (setq calls (strcat (if calls calls "") (itoa mode) path " "))
+    (if (and (= mode 1) (wcmatch path "*other*")) 0 1))
+  (princ)))lisp";
+
+TEST(DraftaPackageTest, lockCheck_locksWhatIsFreeOrNothing) {
+    Package package;
+    LockCheck& check = *package.host.platform().services.lockCheck;
+    CStringList locked;
+    EXPECT_FALSE(check.LispCheckFileLockStatusAndLock({u"\\p\\free.kqp"}, 1, 0, locked));
+    EXPECT_NE(package.printed.find("project manager"), std::string::npos) << package.printed;
+    package.host.runLine(lockFunctions);
+    struct Case {
+        CStringList files;
+        int looks;
+        const char* locked; // "-" for a refusal
+        const char* printed;
+        const char* calls;
+    };
+    const CString free = u"\\p\\free.kqp";
+    const Case cases[] = {{{free, u"\\p\\own.KQP", u"\\p\\free.dwg", u"\\p\\none.dwg"}, 0, "\\p\\free.kqp",
+                              "", "1\\p\\free.kqp "},
+        {{u"\\p\\own.KQP"}, 0, "", "", ""}, {{}, 0, "", "", ""},
+        {{free, u"\\p\\held.kqp", free}, 0, "-", "/p/held.kqp: ann(PC 7) is working on it\n",
+            "1\\p\\free.kqp 0\\p\\free.kqp "},
+        {{free, u"\\p\\odd.kqp"}, 0, "-", "/p/odd.kqp: ann(PC 7)\n", "1\\p\\free.kqp 0\\p\\free.kqp "},
+        {{u"\\p\\other.kqp"}, 0, "-", "/p/other.kqp: it cannot be locked\n", "1\\p\\other.kqp "},
+        {{u"\\p\\held.dwg"}, 1, "-", "/p/held.dwg: ann(PC 7) is working on it\n", ""},
+        {{u"\\p\\read-only.dwg"}, 0, "-", "/p/read-only.dwg: ann(PC 7)\n", ""},
+        {{u"\\p\\read-only.dwg"}, 1, "", "", ""},
+        {{u"\\p\\unknown.dwg"}, 1, "-", "/p/unknown.dwg: who is working on it cannot be told\n", ""}};
+    for (const Case& each : cases) {
+        package.host.runLine(u"(progn (setq calls nil) (princ))");
+        package.printed.clear();
+        locked.clear();
+        const bool good = check.LispCheckFileLockStatusAndLock(each.files, 1, each.looks, locked);
+        EXPECT_EQ(package.printed, each.printed);
+        EXPECT_EQ(good ? (locked.empty() ? "" : toAscii(locked.front())) : "-", each.locked);
+        EXPECT_LE(locked.size(), 1u);
+        package.printed.clear();
+        package.host.runLine(u"(progn (princ (if calls calls \"\")) (princ))");
+        EXPECT_EQ(package.printed, each.calls) << each.printed;
+    }
+    package.host.runLine(u"(progn (setq calls nil) (princ))");
+    check.LispUpdUnlockFiles({u"\\p\\free.dwg", free});
+    package.printed.clear();
+    package.host.runLine(u"(progn (princ calls) (princ))");
+    EXPECT_EQ(package.printed, "0\\p\\free.kqp ");
 }
 
 } // namespace

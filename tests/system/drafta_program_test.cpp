@@ -35,6 +35,7 @@ TEST_F(DraftaProgramTest, faultsOfTheCommandLine_endWith2AndOneLineThatNamesThem
         {{"--batch", "none.lsp"}, "none.lsp: "},
         {{"--sideways"}, "--sideways"},
         {{"--drive", "CC=/", "--console"}, "CC=/"},
+        {{"--screen", "wide", "--console"}, "wide"},
         {{"--console", "--answers", "none"}, "none: "},
         {{"--console", "--answers", "bad.answers"}, "bad.answers: line 2: "},
     };

@@ -1,0 +1,5 @@
+(setq stream (open "temporary.txt" "r")
+      name (read-line stream))
+(close stream)
+(prin1 (list (file-exists name) (= name (ryv_circ_tempfile)) (ryv_getelecregsetting "Catalogue" "Language")
+  (ryv_getelecregsetting "" "Root")))

@@ -1,0 +1,4 @@
+(foreach name '("PALETTES" "RYVHIDENAV" "PALETTES")
+  (command name))
+(princ (ryv_getprojectcount))
+(terpri)

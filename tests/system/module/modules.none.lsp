@@ -1,0 +1,2 @@
+(prin1 (list (boundp 'ryv_openproject) (getvar "MENUHOOK") (command "MODULES") (command "RYVNAV")))
+(terpri)

@@ -1,0 +1,8 @@
+(defun state ()
+  (princ (strcat (itoa (ryv_getprojectcount)) " open, active: " (path-name (ryv_getactiveproject)) "\n")))
+(state)
+(princ (list (ryv_isOZMProject) (ryv_get_var "GBL_kq_combined_tagloc_prefix") (ryv_loadlastprojects)))
+(terpri)
+(ryv_openproject (path-full "pump-station/Pump Station.kqp") 0)
+(ryv_closeproject (path-full "pump-station/C.kqp"))
+(state)
