@@ -3,6 +3,7 @@
 #include "base/encoding.h"
 #include "base/format.h"
 #include "base/text.h"
+#include "toolkit/plain_text.h"
 
 #include <algorithm>
 
@@ -176,7 +177,7 @@ bool CommandLine::runTyped(ryv::CStringView name, bool isTransparent) {
         if (site_->callLispCommand(withoutMarks(name)))
             return !isInterrupted();
     }
-    site_->print(ryv::format(u"\nUnknown command \"%s\".\n", {withoutMarks(name)}));
+    site_->print(ryv::format(u"\nUnknown command \"%s\".\n", {ryv::onOneLine(withoutMarks(name))}));
     return false;
 }
 

@@ -58,7 +58,11 @@ Documents::Parts Host::documentParts() {
     parts.files = os_.platform().os.files;
     parts.paths = os_.platform().os.paths;
     parts.commandLine = &commandLine_;
-    parts.loaded = [this](ryv::DocumentId) { modules_.documentLoaded(); };
+    parts.loaded = [this](ryv::DocumentId) {
+        modules_.documentLoaded();
+        if (const auto work = std::exchange(whenReady_, nullptr))
+            work();
+    };
     parts.saved = [this](ryv::CStringView path) { editor_.tellSaved(path); };
     parts.makeLisp = [this] {
         lisp::Services& services = *this;
@@ -187,9 +191,22 @@ bool Host::openProject(ryv::CStringView path) {
     const ryv::FileStatus status = files().information(path, information);
     if (status.ok() && makeProjectActive(path))
         return true;
-    const char* const reason = status.ok() ? "the package does not take it" : describe(status.error);
+    const char* const reason = !status.ok()          ? describe(status.error)
+                               : hasNameOfOpen(path) ? "a project of that name is open already"
+                                                     : "the package does not take it";
     print(u"\n" + shown(ryv::CString(path) + u": " + ryv::fromAscii(reason)) + u"\n");
     return false;
+}
+
+bool Host::hasNameOfOpen(ryv::CStringView path) {
+    constexpr ryv::CStringView function = u"ryv_isProjectSameNameAsExisting";
+    Document* const document = documents_.current();
+    ryv::HostResultBuffer result;
+    if (!document || !document->lisp->interpreter().expose(function))
+        return false;
+    lispPort_.invoke(ryv::HostResultBuffer().addString(function).addString(path), result);
+    const std::int16_t* const answer = result.integerAt(0);
+    return answer && *answer == 1;
 }
 
 /// Through the project manager, when it is loaded; otherwise the package's LISP alone knows of the project.
@@ -306,7 +323,7 @@ bool Host::callLispCommand(ryv::CStringView name) {
 }
 
 std::optional<ryv::CString> Host::askPerson(ryv::CStringView prompt) {
-    if (!options_.readLine || hasQuit_)
+    if (!options_.readLine || hasQuit_ || commandLine_.isInterrupted())
         return std::nullopt;
     ++questions_;
     const std::optional<std::string> line = options_.readLine(ryv::nameToBytes(prompt));

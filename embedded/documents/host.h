@@ -65,6 +65,9 @@ public:
     bool newDocument();
     bool openDocument(ryv::CStringView path);
 
+    /// Runs `work` once: in the first document, when its LISP is ready, before it is told to be active.
+    void whenReady(std::function<void()> work) { whenReady_ = std::move(work); }
+
     /// Makes a project the active one of the package; false, with the reason printed, when it cannot be.
     bool openProject(ryv::CStringView path);
 
@@ -127,6 +130,7 @@ private:
     bool mayReplace(ryv::CStringView path);
     std::size_t lispErrors();
     bool makeProjectActive(ryv::CStringView path);
+    bool hasNameOfOpen(ryv::CStringView path);
 
     void runOpen();
     void runNew();
@@ -219,6 +223,7 @@ private:
     LispAtWork lispAtWork_;
     // Ends first: modules use all of the others.
     Modules modules_{os_.platform(), documents_, lispPort_, commandLine_.stack()};
+    std::function<void()> whenReady_;
     int questions_ = 0; // that the person is to answer now
     std::atomic<bool> hasQuit_ = false;
 };

@@ -205,7 +205,8 @@ void Host::runHelp() {
             names.push_back(name);
     std::sort(names.begin(), names.end());
     names.erase(std::unique(names.begin(), names.end()), names.end());
-    print(u"\nCommands:\n" + inColumns(names) + u"A line that begins with \"(\" is LISP.\n");
+    print(u"\nCommands:\n" + inColumns(names) +
+          u"A line that begins with \"(\" is LISP. Ctrl-C breaks off what runs, QUIT leaves.\n");
 }
 
 } // namespace drafta

@@ -135,7 +135,32 @@ void TextUserInterface::doesNotFit(
         ryv::format(u"cancelled, the answer does not fit: %s %s: %s%s\n", {kind, name, line, reason}));
 }
 
+/// The button that the answers file names, else the one that the person does, who is asked again after a
+/// typing error. Null when nobody answers, or the file's answer does not fit, which is told.
+template <class Button, class Pressed>
+const Button* TextUserInterface::choose(const Question& question, const Pressed& pressed) {
+    if (const std::optional<ryv::CString> line = answers_.next(question.kind, question.name)) {
+        const Button* const button = pressed(*line);
+        if (!button)
+            doesNotFit(question.kind, question.name, *line);
+        return button;
+    }
+    for (auto line = terminal_.ask(question.prompt); line;
+         line = terminal_.ask(u"Please choose one of them: "))
+        if (const Button* const button = pressed(*line))
+            return button;
+    unanswered(question.kind, question.name);
+    return nullptr;
+}
+
+/// Whoever breaks off is not asked on, and needs no word about it.
+bool TextUserInterface::isBrokenOff() const {
+    return terminal_.isInterrupted && terminal_.isInterrupted();
+}
+
 Answer TextUserInterface::messageBox(const ryv::MessageBoxRequest& request) {
+    if (isBrokenOff())
+        return NullUserInterface::messageBox(request);
     const ryv::CStringView between = request.caption.empty() ? u"" : u": ";
     terminal_.print(ryv::format(u"\n%s%s%s\n", {request.caption, between, request.text}));
     const std::vector<Answer> buttons = offered(request.buttons);
@@ -145,32 +170,33 @@ Answer TextUserInterface::messageBox(const ryv::MessageBoxRequest& request) {
     for (const Answer button : buttons)
         names.emplace_back(wordOf(button));
     const ryv::CString number = ryv::toText(request.message);
-    std::optional<ryv::CString> line = answers_.next(u"message", number);
-    const bool fromFile = line.has_value();
-    if (!fromFile)
-        line = terminal_.ask(ryv::format(u"[%s]: ", {joined(names, u"/")}));
-    for (; line; line = fromFile ? std::nullopt : terminal_.ask(u"Please choose one of them: "))
-        for (const Answer button : buttons)
-            if (startsNoCase(wordOf(button), *line))
-                return button;
-    unanswered(u"message", number);
-    return NullUserInterface::messageBox(request);
+    const auto pressed = [&](const ryv::CString& line) -> const Answer* {
+        const auto hit = std::find_if(buttons.begin(), buttons.end(),
+            [&](Answer button) { return startsNoCase(wordOf(button), line); });
+        return hit != buttons.end() ? &*hit : nullptr;
+    };
+    const Answer* const button =
+        choose<Answer>({u"message", number, ryv::format(u"[%s]: ", {joined(names, u"/")})}, pressed);
+    return button ? *button : NullUserInterface::messageBox(request);
 }
 
 int TextUserInterface::taskDialog(const ryv::TaskDialogRequest& request) {
+    if (isBrokenOff())
+        return idCancel;
     terminal_.print(ryv::format(u"\n%s\n%s\n%s\n", {request.title, request.instruction, request.content}));
     ryv::CString prompt;
     for (const ryv::TaskDialogButton& button : request.buttons)
         prompt += ryv::format(u"  %d %s\n", {button.id, button.text});
-    const std::optional<ryv::CString> line = answer(u"task", request.id, prompt + u"Choose: ");
-    if (line && line->empty() && request.defaultButton != 0)
-        return request.defaultButton;
-    if (line)
+    const auto pressed = [&](const ryv::CString& line) -> const int* {
+        if (line.empty() && request.defaultButton != 0)
+            return &request.defaultButton;
         for (const ryv::TaskDialogButton& button : request.buttons)
-            if (ryv::equalNoCase(*line, button.text) || *line == ryv::toText(button.id))
-                return button.id;
-    unanswered(u"task", request.id);
-    return idCancel;
+            if (ryv::equalNoCase(line, button.text) || line == ryv::toText(button.id))
+                return &button.id;
+        return nullptr;
+    };
+    const int* const button = choose<int>({u"task", request.id, prompt + u"Choose: "}, pressed);
+    return button ? *button : idCancel;
 }
 
 std::vector<ryv::CString> TextUserInterface::chooseFiles(const ryv::FileRequest& request) {

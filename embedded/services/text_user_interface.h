@@ -35,6 +35,14 @@ public:
     bool hasOpenDialog() const noexcept { return openDialogs_ != 0; }
 
 private:
+    struct Question {
+        ryv::CStringView kind;
+        ryv::CString name;
+        ryv::CString prompt;
+    };
+    template <class Button, class Pressed>
+    const Button* choose(const Question& question, const Pressed& pressed);
+    bool isBrokenOff() const;
     std::optional<ryv::CString> answer(ryv::CStringView kind, ryv::CStringView name, ryv::CStringView prompt);
     void unanswered(ryv::CStringView kind, ryv::CStringView name);
     void doesNotFit(

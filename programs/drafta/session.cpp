@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <unistd.h>
 
 namespace drafta {
 
@@ -70,6 +71,8 @@ HostOptions Session::hostOptions() {
     options.print = [this](std::string_view text) { screen_.print(text); };
     options.printError = [this](std::string_view text) {
         makeRoom();
+        if (::isatty(STDOUT_FILENO) && ::isatty(STDERR_FILENO))
+            screen_.beginLine(); // both stand on one screen
         std::fwrite(text.data(), 1, text.size(), stderr);
     };
     options.logsEvents = options_.logsEvents;
@@ -125,17 +128,25 @@ int Session::work() {
     std::string problem;
     if (!loadModules(host_, options_, problem))
         return complain(problem);
+    // Before the projects of the last run: what the user names now comes first, should names be equal.
+    bool opened = true;
+    host_.whenReady([&] { opened = openFiles(true); });
     host_.newDocument();
     host_.runPending();
+    opened = openFiles(false) && opened;
+    if (!opened && !isConsole())
+        return inputError;
     return isConsole() ? runConsole() : runBatch();
 }
 
-bool Session::openFiles() {
+/// The projects among the files of the command line, or the drawings.
+bool Session::openFiles(bool projects) {
     bool opened = true;
     for (const std::string& file : options_.files) {
         const ryv::CString path = host_.platform().os.paths->fromNative(file);
-        opened = !host_.hasQuit() && (isProject(path) ? host_.openProject(path) : host_.openDocument(path)) &&
-                 opened;
+        if (isProject(path) == projects)
+            opened =
+                !host_.hasQuit() && (projects ? host_.openProject(path) : host_.openDocument(path)) && opened;
     }
     return opened;
 }
@@ -151,8 +162,6 @@ std::string Session::problemOfBatchFile() {
 }
 
 int Session::runBatch() {
-    if (!openFiles())
-        return inputError;
     if (const std::string problem = problemOfBatchFile(); !problem.empty())
         return complain(problem);
     const bool good = host_.loadLisp(host_.platform().os.paths->fromNative(options_.batchFile));
@@ -171,8 +180,9 @@ void Session::readConsole() {
             return;
         } else if (line) {
             host_.runLine(ryv::decodeUtf8(*line));
+            asked = false;
         } else if (lines_->isInteractive() && !asked) {
-            host_.quit(); // once: whoever ends the input again means it
+            host_.quit(); // whoever ends the input again at once means it
             asked = true;
         } else {
             return;
@@ -181,7 +191,6 @@ void Session::readConsole() {
 }
 
 int Session::runConsole() {
-    openFiles();
     readConsole();
     screen_.beginLine();
     if (host_.prompt() != u"Command: ")
