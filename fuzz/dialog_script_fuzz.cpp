@@ -1,6 +1,7 @@
 // Scripts that answer dialogs: whatever stands in them, a dialog takes only what a user could give it.
 #include "base/encoding.h"
 #include "base/text.h"
+#include "fuzz/fuzz_input.h"
 #include "tests/support/sample_dialog.h"
 #include "toolkit/combo_box.h"
 #include "toolkit/dialog_script.h"
@@ -13,15 +14,11 @@
 #include "toolkit/tree_control.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace ryv::test {
 namespace {
 
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
+using fuzz::require;
 
 constexpr int treeId = 50, groupId = 51;
 

@@ -4,10 +4,10 @@
 // and what is known of them has to be what a fresh look at them finds.
 #include "embedded/drawings/attribute_run.h"
 #include "embedded/drawings/drawing_view.h"
+#include "fuzz/fuzz_input.h"
 #include "tests/support/memory_files.h"
 
 #include <cstdint>
-#include <cstdlib>
 
 namespace drafta {
 
@@ -16,10 +16,7 @@ namespace {
 constexpr ryv::CStringView path = u"\\a.dwg", blockPath = u"\\block.dwg";
 constexpr std::size_t mostReferences = 20; // of one space, to be looked into
 
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
+using fuzz::require;
 
 /// A block file of release 12.
 std::string blockFile() {

@@ -3,8 +3,7 @@
 // What prints and is read again has to print the same.
 #include "base/encoding.h"
 #include "embedded/lisp/interpreter.h"
-
-#include <cstdlib>
+#include "fuzz/fuzz_input.h"
 
 namespace {
 
@@ -13,10 +12,7 @@ using namespace drafta::lisp;
 constexpr Limits limits{
     .bytes = std::size_t{4} << 20, .callDepth = 300, .steps = 3000, .collectAlways = true};
 
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
+using fuzz::require;
 
 /// Only what the reader makes reads back as it prints: no reals, which lose digits, and no other objects.
 bool readsBack(Value value, int depth = 0) {

@@ -8,12 +8,12 @@
 #include "base/fold.h"
 #include "base/text.h"
 #include "bridge/platform.h"
+#include "fuzz/fuzz_input.h"
 #include "model/kqp_filer.h"
 #include "model/tree_walk.h"
 #include "tests/support/memory_files.h"
 
 #include <cstdint>
-#include <cstdlib>
 
 namespace ryv::test {
 
@@ -21,10 +21,7 @@ namespace {
 
 constexpr CStringView path = u"C:\\P\\a.kqp";
 
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
+using fuzz::require;
 
 /// Hears everything and looks at every unit of it.
 class Listener final : public ProjectReporter {

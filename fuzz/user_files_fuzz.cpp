@@ -2,18 +2,15 @@
 // hive and lock records. Whatever they hold is read, and what is written of it reads back as the same.
 #include "base/encoding.h"
 #include "embedded/registry/hive_text.h"
+#include "fuzz/fuzz_input.h"
 #include "manager/last_project_lines.h"
 #include "siblings/lock_record.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace {
 
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
+using fuzz::require;
 
 void readList(std::string_view bytes) {
     std::vector<ryv::LastProject> projects;
@@ -47,21 +44,5 @@ void readRecord(std::string_view bytes) {
 
 /// The first byte says what the rest is.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    if (size == 0)
-        return 0;
-    const std::string_view bytes(reinterpret_cast<const char*>(data) + 1, size - 1);
-    switch (data[0]) {
-    case 'L':
-        readList(bytes);
-        break;
-    case 'H':
-        readHive(bytes);
-        break;
-    case 'R':
-        readRecord(bytes);
-        break;
-    default:
-        return -1; // not worth keeping
-    }
-    return 0;
+    return fuzz::runMarked(data, size, {{'L', readList}, {'H', readHive}, {'R', readRecord}});
 }

@@ -5,18 +5,15 @@
 #include "embedded/palettes/workspace_text.h"
 #include "embedded/palettes/workspace_xml.h"
 #include "embedded/services/task_dialog_file.h"
+#include "fuzz/fuzz_input.h"
 #include "tests/support/memory_files.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
 
 namespace {
 
-void require(bool holds) {
-    if (!holds)
-        std::abort();
-}
+using fuzz::require;
 
 using Nodes = std::vector<std::shared_ptr<const ryv::WorkspaceNode>>;
 
@@ -80,21 +77,5 @@ void escape(std::string_view bytes) {
 
 /// The first byte says what the rest is.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    if (size == 0)
-        return 0;
-    const std::string_view bytes(reinterpret_cast<const char*>(data) + 1, size - 1);
-    switch (data[0]) {
-    case 'W':
-        saveWorkspace(bytes);
-        break;
-    case 'T':
-        readTaskDialogs(bytes);
-        break;
-    case 'E':
-        escape(bytes);
-        break;
-    default:
-        return -1; // not worth keeping
-    }
-    return 0;
+    return fuzz::runMarked(data, size, {{'W', saveWorkspace}, {'T', readTaskDialogs}, {'E', escape}});
 }

@@ -4,7 +4,7 @@
 #include "host/nav_manager.h"
 #include "host/palette.h"
 #include "host/palette_layout.h"
-#include "manager/project_manager.h"
+#include "manager/reread_window.h"
 #include "resources/message_numbers.h"
 #include "resources/messages.h"
 
@@ -89,9 +89,7 @@ void RyvPrmPaletteSet::removePalette(HostPalette& palette) {
 }
 
 std::intptr_t RyvPrmPaletteSet::onMessage(std::uint32_t number, std::uintptr_t first, std::intptr_t) {
-    RyvPrmProjectManager* const manager = owner_.projectManager();
-    if (number == rereadMessage && manager)
-        manager->onReReadMessage(first);
+    handleRereadMessage(owner_, number, first);
     return 0;
 }
 
@@ -99,10 +97,9 @@ void RyvPrmPaletteSet::onTimer(std::uint32_t id) {
     if (id == retryTimer) {
         stopRetryTimer();
         owner_.tellActiveProject();
-    } else if (RyvPrmProjectManager* const manager = owner_.projectManager())
-        manager->onReReadTimer(host_->window(), id);
-    else
-        platform().os.messages->killTimer(host_->window(), id);
+    } else {
+        handleRereadTimer(owner_, host_->window(), id);
+    }
 }
 
 bool RyvPrmPaletteSet::saveLayout(WorkspaceNode& node) {

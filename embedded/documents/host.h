@@ -194,7 +194,8 @@ private:
     PosixPlatform os_;
     EpollMessageLoop loop_;
     InotifyMonitor monitor_{loop_, *os_.platform().os.files, os_.mapper(), monitorOptions()};
-    FileRegistry registry_{*os_.platform().os.files, inProfile("registry.txt")};
+    FileRegistry registry_{*os_.platform().os.files, inProfile("registry.txt"),
+        [this](ryv::CStringView line) { printError(shown(ryv::CString(line)) + u"\n"); }};
     RegistrySettings settings_{registry_, u"Software\\drafta\\Package"};
     ProfileFolders folders_{settings_, inProfile("")};
     ToldCatalogBrowser catalogBrowser_;

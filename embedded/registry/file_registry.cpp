@@ -1,8 +1,11 @@
 #include "embedded/registry/file_registry.h"
 
 #include "base/paths.h"
+#include "base/text.h"
 #include "embedded/registry/hive_text.h"
 #include "siblings/atomic_file.h"
+
+#include <utility>
 
 namespace drafta {
 
@@ -26,6 +29,11 @@ RegistryStatus statusOf(const FileStatus& status) {
 
 } // namespace
 
+void FileRegistry::tell(CStringView reason) {
+    if (warn_ && !std::exchange(isTold_, true))
+        warn_(path_ + u": " + CString(reason));
+}
+
 /// Whether the file is the one that was read. What time and size cannot tell, the guard of the next save
 /// will.
 bool FileRegistry::isUpToDate() {
@@ -44,11 +52,15 @@ RegistryStatus FileRegistry::load() {
     ryv::ByteBuffer bytes;
     const FileStatus status = ryv::readWholeFile(files_, path_, bytes, fingerprint_);
     const bool isMissing = status.error == FileError::missing;
-    if (!status.ok() && !isMissing)
+    if (!status.ok() && !isMissing) {
+        tell(ryv::fromAscii(describe(status.error)) + u"; settings are not read");
         return statusOf(status);
+    }
     std::optional<Hive> hive = isMissing ? Hive() : parseHive(bytes.view());
-    if (!hive)
+    if (!hive) {
+        tell(u"it is damaged; settings are not read and not kept until it is mended or removed");
         return RegistryStatus::failed;
+    }
     hive_ = *std::move(hive);
     isLoaded_ = true;
     return RegistryStatus::ok;
@@ -91,6 +103,10 @@ RegistryStatus FileRegistry::change(Change change) {
             return status;
         const FileStatus saved = save();
         isLoaded_ = saved.ok();
+        if (saved.ok())
+            isTold_ = false;
+        else if (saved.error != FileError::changedOutside)
+            tell(ryv::fromAscii(describe(saved.error)) + u"; settings are not kept");
         if (saved.error != FileError::changedOutside)
             return statusOf(saved);
     }

@@ -24,7 +24,8 @@ protected:
     PathMapper mapper;
     PosixFiles files{mapper};
     CString path = folder.module(u"registry.txt");
-    FileRegistry registry{files, path};
+    std::vector<CString> told;
+    FileRegistry registry{files, path, [this](ryv::CStringView line) { told.emplace_back(line); }};
 
     std::string content() const { return folder.read("registry.txt"); }
     /// What another process sees.
@@ -98,6 +99,8 @@ TEST_F(FileRegistryTest, hiveThatCannotBeUnderstood_isLeftAlone) {
     EXPECT_EQ(registry.createKey(u"New"), RegistryStatus::failed);
     EXPECT_EQ(registry.writeInteger(u"K", u"x", 1), RegistryStatus::failed);
     EXPECT_EQ(content(), before);
+    ASSERT_EQ(told.size(), 1u);
+    EXPECT_EQ(told[0].find(path + u": it is damaged"), 0u);
     folder.write("registry.txt", "drafta registry 1\n[K]\n\"x\"=\"mended\"\n");
     EXPECT_EQ(registry.readString(u"K", u"x", text), RegistryStatus::ok);
     EXPECT_EQ(text, u"mended");
@@ -121,6 +124,12 @@ TEST_F(FileRegistryTest, protectedHive_isDeniedToWritersOnly) {
     std::uint32_t number = 0;
     EXPECT_EQ(registry.readInteger(u"K", u"x", number), RegistryStatus::missing)
         << "what failed is not there";
+    EXPECT_EQ(told.size(), 1u);
+    ASSERT_TRUE(files.setReadOnly(path, false).ok());
+    EXPECT_EQ(registry.writeInteger(u"K", u"x", 1), RegistryStatus::ok);
+    ASSERT_TRUE(files.setReadOnly(path, true).ok());
+    EXPECT_EQ(registry.writeInteger(u"K", u"x", 2), RegistryStatus::denied);
+    EXPECT_EQ(told.size(), 2u) << "it could be used in between";
 }
 
 TEST_F(FileRegistryTest, everyFailingStep_isToldAndLosesNothing) {
