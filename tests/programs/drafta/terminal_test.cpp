@@ -10,6 +10,7 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <array>
@@ -47,6 +48,16 @@ public:
             if (!readMore())
                 return false;
         return true;
+    }
+    /// Waits until keys reach the editor one by one; before, the terminal itself would act on some of them.
+    bool takesKeys() const {
+        for (int tries = 0; tries < 6000; ++tries) {
+            termios mode{};
+            if (::tcgetattr(terminal_, &mode) == 0 && (mode.c_lflag & ICANON) == 0)
+                return true;
+            ::usleep(10'000);
+        }
+        return false;
     }
     /// The exit code, -1 when a signal ended the child.
     int end() {
@@ -231,6 +242,7 @@ TEST(LineEditor, workBetweenTheKeysOfOneInput_printsOrNot_inputGoesOn) {
                 return std::fflush(stdout);
             });
             ASSERT_TRUE(session.shows("> "));
+            ASSERT_TRUE(session.takesKeys());
             session.type(each.first);
             ASSERT_TRUE(session.shows(each.first.starts_with('\x12') ? "alp" : "a"));
             char answer = 0;
