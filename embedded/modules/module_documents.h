@@ -21,6 +21,10 @@ public:
     ryv::CString fileName(ryv::DocumentId document) override { return documents_.fileName(document); }
     bool isNamed(ryv::DocumentId document) override { return documents_.isNamed(document); }
     bool isQuiescent(ryv::DocumentId document) override { return documents_.isQuiescent(document); }
+    ryv::DocumentId documentOfFile(ryv::CStringView path) override { return documents_.documentOfFile(path); }
+    ryv::FileStatus renameFile(ryv::DocumentId document, ryv::CStringView newPath) override {
+        return documents_.renameFile(document, newPath);
+    }
     void sendStringToExecute(
         ryv::DocumentId document, ryv::CStringView text, ryv::CommandStringOptions options) override {
         documents_.sendStringToExecute(document, text, options);

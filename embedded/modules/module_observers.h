@@ -1,10 +1,11 @@
-// The ports on which a module only hears of things: editor, main window, client manager.
+// The ports on which a module only hears of things: editor, main window, client manager, project databases.
 #pragma once
 
 #include "embedded/modules/left_behind.h"
 #include "platform/host/editor.h"
 #include "platform/host/main_window.h"
 #include "platform/services/client_manager.h"
+#include "platform/services/project_database.h"
 
 namespace drafta {
 
@@ -91,6 +92,42 @@ public:
 private:
     ryv::RyvPdsClientManager& manager_;
     LeftBehind<ryv::RyvPdsClientReactor*> reactors_;
+};
+
+class ModuleProjectDatabase final : public ryv::ProjectDatabase {
+public:
+    explicit ModuleProjectDatabase(ryv::ProjectDatabase& database) noexcept : database_(database) {}
+
+    /// Takes observers off.
+    void drop() {
+        observers_.drop([&](ryv::ProjectDatabaseObserver* observer) { database_.remove(*observer); });
+    }
+
+    bool PmGetProjectDb(ryv::CStringView projectId, ryv::CString& path) override {
+        return database_.PmGetProjectDb(projectId, path);
+    }
+    std::unique_ptr<ryv::DatabaseRecordset> open(ryv::CStringView path, ryv::CString& problem) override {
+        return database_.open(path, problem);
+    }
+    void PmRenameStarted(ryv::CStringView projectId, ryv::CStringView oldPath, std::int32_t fileId) override {
+        database_.PmRenameStarted(projectId, oldPath, fileId);
+    }
+    void PmRenameCompleted(ryv::CStringView projectId, ryv::CStringView newPath) override {
+        database_.PmRenameCompleted(projectId, newPath);
+    }
+    bool PmIsHelperProcess() override { return database_.PmIsHelperProcess(); }
+    void add(ryv::ProjectDatabaseObserver& observer) override {
+        database_.add(observer);
+        observers_.add(&observer);
+    }
+    void remove(ryv::ProjectDatabaseObserver& observer) override {
+        database_.remove(observer);
+        observers_.remove(&observer);
+    }
+
+private:
+    ryv::ProjectDatabase& database_;
+    LeftBehind<ryv::ProjectDatabaseObserver*> observers_;
 };
 
 } // namespace drafta

@@ -6,7 +6,8 @@ ModuleSeat::ModuleSeat(const ryv::Platform& platform, SeatHost& host)
     : lisp_(*platform.host.lisp, host), commands_(*platform.host.commands, host),
       documents_(*platform.host.documents), editor_(*platform.host.editor),
       mainWindow_(*platform.host.mainWindow), messages_(*platform.os.messages),
-      monitor_(*platform.os.monitor), clientManager_(*platform.services.clientManager) {
+      monitor_(*platform.os.monitor), clientManager_(*platform.services.clientManager),
+      projectDatabase_(*platform.services.projectDatabase) {
     platform_.host = platform.host;
     platform_.os = platform.os;
     platform_.services = platform.services;
@@ -19,6 +20,7 @@ ModuleSeat::ModuleSeat(const ryv::Platform& platform, SeatHost& host)
     platform_.os.messages = &messages_;
     platform_.os.monitor = &monitor_;
     platform_.services.clientManager = &clientManager_;
+    platform_.services.projectDatabase = &projectDatabase_;
     context_.platform = &platform_;
 }
 
@@ -27,6 +29,7 @@ void ModuleSeat::drop() {
     editor_.drop();
     mainWindow_.drop();
     clientManager_.drop();
+    projectDatabase_.drop();
     monitor_.drop();
     commands_.drop();
     lisp_.drop();

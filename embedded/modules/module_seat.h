@@ -39,6 +39,7 @@ private:
     ModuleMessages messages_;
     ModuleMonitor monitor_;
     ModuleClientManager clientManager_;
+    ModuleProjectDatabase projectDatabase_;
     ryv::ModuleContext context_;
 };
 

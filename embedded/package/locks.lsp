@@ -17,9 +17,10 @@
 (defun kq_cpyprj_chk4_related_files (project)
   (cdr (ryp-companions project)))
 
-;; The lock check: whether a set of files may be worked on now. (T FILE ...) with the project files that this
-;; call has locked; nil, with the reason printed and nothing locked, when somebody else works on one of them.
-;; `kind` is 1 at every caller; `looks` is 1 when drawings are looked at only, 0 when they are to be changed.
+;; The lock check: whether a set of files may be worked on now. (T FILE ...) with those that this call has
+;; locked; nil, with the reason printed and nothing locked, when somebody else works on one of them. `kind` is
+;; 1 at every caller; `looks` is 1 when drawings are looked at only, 0 when they are to be changed: then they
+;; are locked as project files are.
 (defun kqupda_check_and_lock (files kind looks / outcome locked)
   (if (ryp-can-lock)
     (progn
@@ -37,8 +38,7 @@
 (defun kqupda_unlock (files)
   (if (ryp-can-lock)
     (foreach file files
-      (if (ryp-is-project file)
-        (ryv_virtuallockproject file 0))))
+      (ryv_virtuallockproject file 0)))
   nil)
 
 ;; Locks are the project manager's, which is not always there.
@@ -59,22 +59,28 @@
     (ryp-check-project file)
     (ryp-check-drawing file looks)))
 
-;; Of the states of a file: 1 is free, 2 the user's own, 3 somebody else's, 5 and 7 protected, 6 missing.
+;; Of the states of a file: 0 cannot be told, 1 is free, 2 the user's own, 3 somebody else's, 5 and 7 protected, 6 missing.
 (defun ryp-check-project (file / state)
   (setq state (ryv_getprojectlockstatus file))
   (cond
     ((= state 2) "own")
     ((/= state 1) (ryp-refuse file state (ryv_getprojectwholocked file)))
-    ((= (ryv_virtuallockproject file 1) 1) "locked")
-    (T (ryp-tell "lock-failed" (list (path-native file))))))
+    (T (ryp-lock file))))
 
-;; A project may name drawings that are not there, and these are in nobody's way.
+;; A project may name drawings that are not there, and these are in nobody's way. One that is looked at only
+;; is not locked: a lock is an open file, and a project has thousands of drawings.
 (defun ryp-check-drawing (file looks / state)
   (setq state (ryv_getdwglockstatus file))
   (cond
-    ((member state '(1 2 6)) "free")
-    ((and (member state '(5 7)) (= looks 1)) "free")
+    ((member state '(2 6)) "free")
+    ((and (= looks 1) (member state '(0 1 5 7))) "free")
+    ((= state 1) (ryp-lock file))
     (T (ryp-refuse file state (ryv_getdwgwholocked file)))))
+
+(defun ryp-lock (file)
+  (if (= (ryv_virtuallockproject file 1) 1)
+    "locked"
+    (ryp-tell "lock-failed" (list (path-native file)))))
 
 ;; Says why a file may not be worked on; nil.
 (defun ryp-refuse (file state reason)

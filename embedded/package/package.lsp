@@ -9,7 +9,7 @@
       "title_mapping" "title_values" "title_block"
       "drawing_list" "archive" "sort" "remove" "descriptions" "sections"
       "references" "ladder_forms" "wire_forms" "ladders" "layers" "blocks" "locations"
-      "terminals" "locks" "documents" "requests" "expose")
+      "terminals" "locks" "documents" "requests" "pending" "expose")
     (load (path-combine RYP_FOLDER (strcat name ".lsp"))))
 
 (princ)

@@ -23,12 +23,11 @@
 (defun c:kq_bump ()
   (ryp-request-selected "bump"))
 
-(defun c:kq_upd_pending (unused)
-  (ryp-request-selected "pending updates"))
-
 (defun c:kq_iec_tag_freshen ()
   (ryp-request-selected "refresh tags"))
 
-;; Another application has changed components that are linked with the current drawing.
+;; Another application has changed components that are linked with the current drawing. One without a file
+;; cannot be found again later.
 (defun RYMtUpdateComponent ()
-  (ryp-request "update components" (list (doc-name))))
+  (apply (if (= (getvar "DWGTITLED") 1) 'ryp-update-later 'ryp-request)
+    (list "update components" (list (doc-name)))))

@@ -23,6 +23,6 @@
           more (dwg-next drawing)))
   linked)
 
-;; Prints whose terminal links are to be updated; the links themselves are the project database's.
+;; Lets the update of terminal links wait; the links themselves are the project database's.
 (defun c:ryv_term_linkterm_update_main (paths)
-  (ryp-request "terminal links" paths))
+  (ryp-update-later "terminal links" paths))

@@ -4,16 +4,38 @@
 #include "base/strings.h"
 
 #include <cstdint>
+#include <memory>
 
 namespace ryv {
 
-/// One question to a database: a column of a table, of the rows that meet a condition such as
-/// `DWGNAME = "C:/PROJ/A.DWG"`.
+/// One question to a database: a column of a table, of the rows that hold a key in another column.
 struct DatabaseQuery {
-    CString database; ///< path of the file
     CString table;
     CString column;
-    CString condition;
+    CString keyColumn;
+    CString key; ///< compared without regard to case
+};
+
+/// A database that is open for reading only. What it holds is what it held when it was opened, or later, but
+/// of one moment for each table: many questions to one table cost one scan.
+class DatabaseRecordset {
+public:
+    virtual ~DatabaseRecordset() = default;
+
+    /// `row` is the fields of the first row found, empty when there is none; a field without a value is an
+    /// empty text. False, with the database's own words in `problem` and `row` left alone, when the database
+    /// cannot be read, or has no such table or column.
+    virtual bool query(const DatabaseQuery& query, CStringArray& row, CString& problem) = 0;
+};
+
+/// Hears of databases, on the main thread and from the message loop.
+class ProjectDatabaseObserver {
+public:
+    /// Values of drawings of that project are others now than those read before.
+    virtual void databaseChanged(CStringView projectId) = 0;
+
+protected:
+    ~ProjectDatabaseObserver() = default;
 };
 
 class ProjectDatabase {
@@ -24,10 +46,9 @@ public:
     /// `path` left alone, when the service cannot tell it or it has 260 units or more.
     virtual bool PmGetProjectDb(CStringView projectId, CString& path) = 0;
 
-    /// Asks a database that is opened for reading only. `row` is the fields of the first row found, empty
-    /// when there is none; a field without a value is an empty text. False, with the database's own words in
-    /// `problem` and `row` left alone, when it cannot be opened or does not understand the question.
-    virtual bool query(const DatabaseQuery& query, CStringArray& row, CString& problem) = 0;
+    /// Opens the database file at a path for reading. Null, with the database's own words in `problem`, when
+    /// that cannot be done.
+    virtual std::unique_ptr<DatabaseRecordset> open(CStringView database, CString& problem) = 0;
 
     /// A drawing of the project is about to be renamed on disk; `fileId` is its number in the project.
     virtual void PmRenameStarted(CStringView projectId, CStringView oldPath, std::int32_t fileId) = 0;
@@ -37,19 +58,25 @@ public:
 
     /// True when this process is the package's helper, which works without a user.
     virtual bool PmIsHelperProcess() = 0;
+
+    /// Observers are not owned, hear the newest first, and take themselves off before they end.
+    virtual void add(ProjectDatabaseObserver& observer) = 0;
+    virtual void remove(ProjectDatabaseObserver& observer) = 0;
 };
 
 /// No project has a database.
 class NullProjectDatabase : public ProjectDatabase {
 public:
     bool PmGetProjectDb(CStringView, CString&) override { return false; }
-    bool query(const DatabaseQuery& query, CStringArray&, CString& problem) override {
-        problem = query.database + u": there is no database service";
-        return false;
+    std::unique_ptr<DatabaseRecordset> open(CStringView database, CString& problem) override {
+        problem = CString(database) + u": there is no database service";
+        return nullptr;
     }
     void PmRenameStarted(CStringView, CStringView, std::int32_t) override {}
     void PmRenameCompleted(CStringView, CStringView) override {}
     bool PmIsHelperProcess() override { return false; }
+    void add(ProjectDatabaseObserver&) override {}
+    void remove(ProjectDatabaseObserver&) override {}
 };
 
 } // namespace ryv

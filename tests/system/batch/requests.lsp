@@ -17,7 +17,6 @@
 (show (c:RYPUBLISH))
 (foreach name '(c:kq_bump c:kq_iec_tag_freshen c:kq_menu_clear_kqmenu2use)
   (show (apply name nil)))
-(show (c:kq_upd_pending nil))
 (doc-open "pump-station/01 Cover Sheet.dwg")
 (show (RYMtUpdateComponent))
 (show (c:ryv_term_linkterm_update_main (list (path-full "pump-station/a.dwg"))))
