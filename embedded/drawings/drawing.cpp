@@ -3,6 +3,7 @@
 #include "base/text.h"
 #include "embedded/drawings/drawing_file.h"
 #include "siblings/atomic_file.h"
+#include "siblings/rename_file.h"
 
 #include <algorithm>
 #include <array>
@@ -108,6 +109,13 @@ DrawingResult Drawing::saveAs(CStringView path) {
     if (ryv::equalNoCase(path, path_))
         return write(ryv::CString(path), fingerprint());
     return write(ryv::CString(path), std::nullopt);
+}
+
+ryv::FileStatus Drawing::rename(CStringView path) {
+    const ryv::FileStatus status = ryv::renameWithoutReplacing(*files_, path_, path);
+    if (status.ok())
+        path_ = path;
+    return status;
 }
 
 void Drawing::close() noexcept {

@@ -52,6 +52,10 @@ public:
     /// belongs to that file. After a failure it belongs to the old one. Its own file is guarded as in save().
     ryv::DrawingResult saveAs(ryv::CStringView path);
 
+    /// Gives its file another name in the folder, to which it belongs then; what was changed stays to be
+    /// saved. Never replaces a file (`exists`).
+    ryv::FileStatus rename(ryv::CStringView path);
+
     /// What the views' save() calls instead of save(), so that a document is saved with all that belongs to
     /// it; the hook may call save() or saveAs(). An empty one takes it off.
     using SaveHook = std::function<ryv::DrawingResult()>;

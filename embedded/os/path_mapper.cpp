@@ -4,8 +4,6 @@
 #include "embedded/os/native_path.h"
 
 #include <algorithm>
-#include <dirent.h>
-#include <memory>
 #include <vector>
 
 namespace drafta {
@@ -51,25 +49,6 @@ CString takeShare(CStringView& path) {
     const CString server = ryv::toUpper(takeComponent(path));
     const CString share = ryv::toUpper(takeComponent(path));
     return server.empty() || share.empty() ? CString() : u"\\\\" + server + u"\\" + share;
-}
-
-struct CloseFolder {
-    void operator()(DIR* folder) const noexcept { ::closedir(folder); }
-};
-
-/// The entry of a folder that equals `name` when case is ignored, the first in byte order; empty when there
-/// is none.
-std::string findNoCase(const std::string& folder, CStringView name) {
-    const std::unique_ptr<DIR, CloseFolder> entries(::opendir(folder.c_str()));
-    std::string found;
-    if (!entries)
-        return found;
-    while (const dirent* entry = ::readdir(entries.get())) {
-        const std::string_view candidate(entry->d_name);
-        if ((found.empty() || candidate < found) && ryv::equalNoCase(componentFromNative(candidate), name))
-            found = candidate;
-    }
-    return found;
 }
 
 } // namespace
@@ -179,7 +158,7 @@ FileStatus PathMapper::toNative(CStringView path, std::string& native) const {
     for (const CString& component : parts.components) {
         std::string next = joinNative(native, componentToNative(component));
         if (there && !existsNative(next)) {
-            const std::string name = findNoCase(native, component);
+            const std::string name = names_->find(native, component);
             there = !name.empty();
             if (there)
                 next = joinNative(native, name);

@@ -11,9 +11,11 @@
 #pragma once
 
 #include "base/strings.h"
+#include "embedded/os/folder_names.h"
 #include "platform/os/files.h"
 
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -50,6 +52,7 @@ private:
     struct Split;
     ryv::FileStatus split(ryv::CStringView path, Split& result) const;
 
+    std::shared_ptr<FolderNames> names_ = std::make_shared<FolderNames>();
     std::map<ryv::CString, std::string> roots_; // folded "C:" or "\\SERVER\SHARE" to native folder
 };
 

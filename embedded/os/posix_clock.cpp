@@ -28,9 +28,13 @@ bool within(int number, int first, int last) {
 } // namespace
 
 LocalTime PosixClock::localTime() {
-    const std::time_t now = std::time(nullptr);
+    return localTimeOf(std::time(nullptr));
+}
+
+LocalTime PosixClock::localTimeOf(std::int64_t seconds) {
+    const std::time_t moment = seconds;
     std::tm parts{};
-    if (!::localtime_r(&now, &parts))
+    if (!::localtime_r(&moment, &parts))
         return {};
     // A leap second, where the system counts them, is the last second of its minute.
     const int second = parts.tm_sec > 59 ? 59 : parts.tm_sec;

@@ -8,6 +8,7 @@ namespace drafta {
 class PosixClock final : public ryv::Clock {
 public:
     ryv::LocalTime localTime() override;
+    ryv::LocalTime localTimeOf(std::int64_t seconds) override;
     std::chrono::milliseconds steady() override;
     /// Both are empty for a day or hour that no calendar or clock has.
     ryv::CString longDate(const ryv::LocalTime& time) override;
