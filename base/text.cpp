@@ -70,7 +70,9 @@ CString replaceAll(CStringView text, CStringView from, CStringView to) {
 
 CString replaceAll(CStringView text, char16_t from, char16_t to) {
     CString result(text);
-    std::replace(result.begin(), result.end(), from, to);
+    // A plain choice for each unit runs over many at once; replacing where it is needed does not.
+    std::transform(result.begin(), result.end(), result.begin(),
+        [from, to](char16_t unit) { return unit == from ? to : unit; });
     return result;
 }
 

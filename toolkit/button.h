@@ -18,7 +18,14 @@ public:
         return true;
     }
 
+    /// Whether pressing it opens a menu, which views mark with an arrow.
+    bool isDropDown() const noexcept { return dropDown_; }
+    void setDropDown(bool dropDown) { set(dropDown_, dropDown); }
+
     Event<Button&> pressed;
+
+private:
+    bool dropDown_ = false;
 };
 
 } // namespace ryv

@@ -21,7 +21,9 @@ enum class ControlKind {
     grid,     ///< rows and columns of texts
     tree,     ///< rows that hold rows
     group,    ///< a stack of pages, of which one is shown
-    picture   ///< what a drawing looks like
+    picture,  ///< what a drawing looks like
+    page,     ///< a row of buttons above another control
+    notice    ///< a line that tells something
 };
 
 /// Main thread only. A control tells its views of every change that is not their own business.

@@ -83,6 +83,8 @@ std::unique_ptr<Control> makeOfKind(const ControlLayout& layout, TextSource text
         return std::make_unique<Picture>(layout.id);
     case ControlKind::tree:
     case ControlKind::group:
+    case ControlKind::page:
+    case ControlKind::notice:
         break;
     }
     throw std::invalid_argument("layouts do not describe this kind of control");

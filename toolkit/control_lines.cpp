@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "toolkit/check_box.h"
 #include "toolkit/combo_box.h"
+#include "toolkit/control_page.h"
 #include "toolkit/group_control.h"
 #include "toolkit/label_text.h"
 #include "toolkit/picture.h"
@@ -85,6 +86,26 @@ TextLines render(const GroupControl& group, const RenderOptions& options) {
     return content;
 }
 
+/// Without the buttons, which only offer in a shorter way what menus do.
+TextLines render(const ControlPage& page, const RenderOptions& options) {
+    if (options.mostDepth == 0)
+        return {u"..."};
+    RenderOptions inside = options;
+    --inside.mostDepth;
+    TextLines lines = page.content() ? linesOf(*page.content(), inside) : TextLines();
+    if (page.notice())
+        for (CString& line : linesOf(*page.notice(), inside))
+            lines.push_back(std::move(line));
+    return lines;
+}
+
+TextLines render(const NoticeLine& notice) {
+    if (notice.text().empty())
+        return {};
+    const CString offer = notice.offer().empty() ? CString() : u" <" + onOneLine(notice.offer()) + u">";
+    return {onOneLine(notice.text()) + offer};
+}
+
 } // namespace
 
 std::size_t labelWidthOf(const Control& control) {
@@ -112,6 +133,10 @@ TextLines linesOf(const Control& control, const RenderOptions& options, std::siz
         return render(*radio, options, labelWidth);
     if (const auto* const group = dynamic_cast<const GroupControl*>(&control))
         return render(*group, options);
+    if (const auto* const page = dynamic_cast<const ControlPage*>(&control))
+        return render(*page, options);
+    if (const auto* const notice = dynamic_cast<const NoticeLine*>(&control))
+        return render(*notice);
     if (const auto* const box = dynamic_cast<const CheckBox*>(&control))
         return {(box->isChecked() ? u"[x] " : u"[ ] ") + labelOf(control) + notesOf(control, options)};
     if (const auto* const picture = dynamic_cast<const Picture*>(&control))

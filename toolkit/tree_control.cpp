@@ -10,7 +10,7 @@ TreeControl::~TreeControl() = default;
 
 TreeItem& TreeControl::make(TreeRow content) {
     TreeItem& item = TreeRows::make(std::move(content));
-    item.matches_ = filter_.matches(item.label_);
+    item.matches_ = passes(item);
     item.shown_ = item.matches_;
     item.expanded_ = filter_.isActive();
     return item;
@@ -132,8 +132,10 @@ void TreeControl::tellRemoval(
 }
 
 void TreeControl::deleteItems(const std::vector<TreeItem*>& items) {
-    for (TreeItem* const item : items)
+    for (TreeItem* const item : items) {
+        beforeFilter_.forget(*item);
         onDeleteItem(*item);
+    }
     TreeRows::destroy(items);
 }
 
@@ -146,10 +148,7 @@ void TreeControl::applyLabel(TreeItem& item, CString text) {
     if (item.label_ == text)
         return;
     item.label_ = std::move(text);
-    if (&item == edited_)
-        changedWhileEdited_ = true;
-    else
-        refilter(item);
+    relabelled(item);
 }
 
 void TreeControl::setImage(TreeItem& item, int image) {
@@ -170,6 +169,9 @@ void TreeControl::setData(TreeItem& item, std::unique_ptr<TreeItemData> data) {
     item.data_ = std::move(data);
     if (item.data_)
         onDataAttached(item);
+    if (passes(item) != item.matches_)
+        relabelled(item);
+    settle();
 }
 
 /// A view that edits the label would overwrite what the user types.

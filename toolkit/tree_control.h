@@ -3,6 +3,7 @@
 
 #include "toolkit/control.h"
 #include "toolkit/tree_filter.h"
+#include "toolkit/tree_filter_memory.h"
 #include "toolkit/tree_input.h"
 #include "toolkit/tree_observers.h"
 #include "toolkit/tree_rows.h"
@@ -92,8 +93,18 @@ public:
     /// filter.
     void ensureVisible(TreeItem& item);
 
-    /// Shows only rows whose label, or that of a row below them, contains the text without regard to case.
-    /// The empty text shows all.
+    /// What views show in place of rows when there are none: lines parted by "\n", of which the first says
+    /// how it stands and the others what can be done.
+    const CString& emptyText() const noexcept { return emptyText_; }
+    void setEmptyText(CString text) { set(emptyText_, std::move(text)); }
+
+    /// Whether views go on showing the selection while the keyboard is elsewhere.
+    bool showsSelectionAlways() const noexcept { return showsSelectionAlways_; }
+    void setShowsSelectionAlways(bool shows) { set(showsSelectionAlways_, shows); }
+
+    /// Shows only rows that match the text (see TreeFilter and searchText), and those above them. A text
+    /// without words shows all again, with selection, focus and the row at the upper edge as they were before
+    /// the filter, but for rows that were selected meanwhile: these stay selected and are revealed.
     void setFilter(CString text);
     const CString& filter() const noexcept { return filter_.text(); }
 
@@ -119,6 +130,16 @@ public:
     /// Makes the selection what is given, in that order, and focuses the last. Rows that do not pass the
     /// filter are left out.
     void setSelection(const std::vector<TreeItem*>& items);
+
+    /// Puts a selection back, in that order, and the focus unless it is null: for a program that has replaced
+    /// rows or follows something else. It is nobody's choice, so it goes when the filter goes, and ranges
+    /// start where they did. Rows that do not pass the filter are left out.
+    void restoreSelection(const std::vector<TreeItem*>& items, TreeItem* focus);
+
+    /// While a filter is set: whether a row, which may be gone by now, is going to be selected when the
+    /// filter goes, and letting a row be so that takes the place of one that is gone.
+    bool isRemembered(const TreeItem* item) const noexcept { return beforeFilter_.holds(item); }
+    void remember(TreeItem& item);
 
     /// All rows that could be seen by scrolling, from top to bottom.
     void selectAll();
@@ -155,6 +176,9 @@ public:
     bool editLabel(TreeItem& item);
     TreeItem* editedItem() const noexcept { return edited_; }
 
+    /// What is wrong with a text that is being typed as the label; empty when nothing is. Views show it.
+    virtual CString problemOfLabel(const TreeItem& item, const CString& text) const;
+
     /// Ends it with a text, or without one when the user gave up. A view closes its editor before the call.
     void finishEdit(const std::optional<CString>& text);
 
@@ -167,6 +191,8 @@ public:
     /// Whether the selection can be dropped there (null: the empty area), which is then the drop place; else
     /// there is none.
     bool dragOver(TreeItem* target, DropPosition position);
+    /// The pointer is over no place of the tree any more.
+    void dragLeave();
     bool hasDropPlace() const noexcept { return hasDropPlace_; }
     TreeItem* dropTarget() const noexcept { return dropTarget_; }
     DropPosition dropPosition() const noexcept { return dropPosition_; }
@@ -182,6 +208,13 @@ protected:
     // Hooks for classes that derive from it. They are called when the tree is in order again and may change
     // it, except where it says otherwise.
 
+    /// What the filter looks at in a row: lines parted by "\n". It may be asked before the row is in the
+    /// tree, so it depends on the row's label and record alone, and changes nothing.
+    virtual CString searchText(const TreeItem& item) const;
+
+    /// The text that the editing of a label begins with.
+    virtual CString editText(const TreeItem& item) const;
+
     /// Whether the label may be edited.
     virtual bool onBeginLabelEdit(TreeItem& item);
 
@@ -193,6 +226,9 @@ protected:
     virtual void onLabelEditEnded() {}
 
     virtual bool onBeginDrag() { return true; }
+
+    /// The selected rows that are not below another selected one, from top to bottom.
+    std::vector<TreeItem*> topmostSelected() const;
 
     /// Comes for places that are neither dragged themselves nor below a dragged row. Changes nothing.
     virtual bool onDragOver(TreeItem* target, DropPosition position);
@@ -233,20 +269,27 @@ private:
     void moveKept(const TreeMatch& match, const Placing& placing);
     void insertNew(TreeItem* parent, const TreeMatch& match, std::vector<TreeRow>& contents);
     void takeOver(const TreeMatch& match, std::vector<TreeRow>& contents);
+    bool takeOver(TreeItem& item, TreeRow& content);
     void removeStale(const TreeMatch& match);
     void applyLabel(TreeItem& item, CString text);
     void tellChanged(TreeItem& item);
+    bool passes(const TreeItem& item) const;
+    void relabelled(TreeItem& item);
     void refilter(TreeItem& item);
     void hide(TreeItem& item);
     void hideUpTo(TreeItem& item, const TreeItem& top);
     void applyFilter(bool wasActive);
+    void rememberView();
+    void restoreView();
+    void revealSelection();
+    void chosen(bool differs) noexcept;
 
     void setExpanded(TreeItem& item, bool on);
     bool isGone(const TreeItem* item) const noexcept;
     void leave(TreeItem* refuge);
     void leaveHidden();
     void forgetWatches();
-    void collapseInto(TreeItem* top);
+    void collapseInto(const std::vector<TreeItem*>& tops);
 
     bool changeFocus(TreeItem* item) noexcept;
     void selectOnly(TreeItem& item);
@@ -257,18 +300,21 @@ private:
     void moveFocus(TreeItem& item, Modifiers modifiers);
     bool keyAcross(bool expanding, Modifiers modifiers);
     bool expandSelected(bool on);
+    bool expandSelectedRows();
+    bool collapseSelectedRows();
 
     void endEdit();
     bool isDropPlace(const TreeItem* target) const noexcept;
     void clearDropPlace();
     void endDrag();
-    std::vector<TreeItem*> topmostSelected() const;
 
     void settle();
 
     TreeRows rows_;
+    CString emptyText_;
     TreeSelection selection_;
     TreeFilter filter_;
+    TreeFilterMemory beforeFilter_;
     TreeObservers observers_;
     TreeItemWatch* watches_ = nullptr;
     TreeItem* focus_ = nullptr;
@@ -279,6 +325,8 @@ private:
     DropPosition dropPosition_ = DropPosition::onto;
     std::size_t pageRows_ = 10;
     bool editOnClick_ = false;
+    bool showsSelectionAlways_ = true;
+    bool chosenWhileFiltered_ = false;
     bool changedWhileEdited_ = false;
     bool dragging_ = false;
     bool hasDropPlace_ = false;

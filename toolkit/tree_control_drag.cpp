@@ -34,6 +34,11 @@ bool TreeControl::dragOver(TreeItem* target, DropPosition position) {
     return good;
 }
 
+void TreeControl::dragLeave() {
+    clearDropPlace();
+    settle();
+}
+
 void TreeControl::clearDropPlace() {
     pending_.dropPlace |= hasDropPlace_;
     hasDropPlace_ = false;
@@ -59,7 +64,6 @@ void TreeControl::cancelDrag() {
     endDrag();
 }
 
-/// The selected rows that are not below another selected one, from top to bottom.
 std::vector<TreeItem*> TreeControl::topmostSelected() const {
     std::vector<TreeItem*> found;
     TreeItem* item = rows_.root().firstChild(TreeCount::shown);

@@ -6,6 +6,10 @@
 
 namespace ryv {
 
+CString TreeControl::editText(const TreeItem& item) const {
+    return item.label_;
+}
+
 bool TreeControl::onBeginLabelEdit(TreeItem&) {
     return true;
 }
@@ -14,6 +18,12 @@ bool TreeControl::onEndLabelEdit(TreeItem&, const CString&) {
     return true;
 }
 
+CString TreeControl::problemOfLabel(const TreeItem&, const CString&) const {
+    return {};
+}
+
+/// An owner that has agreed hears of the end also when something throws, here and in finishEdit(): it may
+/// keep something locked until then.
 bool TreeControl::editLabel(TreeItem& item) {
     if (edited_ || !isEnabled() || !item.shown_)
         return false;
@@ -24,10 +34,18 @@ bool TreeControl::editLabel(TreeItem& item) {
         onLabelEditEnded();
         return false;
     }
-    ensureVisible(item);
-    edited_ = &item;
-    changedWhileEdited_ = false;
-    observers_.tell([&](TreeObserver& o) { o.editStarted(item, item.label_); });
+    try {
+        ensureVisible(item);
+        edited_ = &item;
+        changedWhileEdited_ = false;
+        const CString text = editText(item);
+        observers_.tell([&](TreeObserver& o) { o.editStarted(item, text); });
+    } catch (...) {
+        endEdit();
+        pending_.editEnded = false;
+        onLabelEditEnded();
+        throw;
+    }
     return true;
 }
 
@@ -38,9 +56,14 @@ void TreeControl::finishEdit(const std::optional<CString>& text) {
     const TreeItemWatch watch(*this, *edited_);
     endEdit();
     pending_.editEnded = false;
-    settle();
-    if (text && watch.item() && onEndLabelEdit(*watch.item(), *text) && watch.item())
-        setLabel(*watch.item(), *text);
+    try {
+        settle();
+        if (text && watch.item() && onEndLabelEdit(*watch.item(), *text) && watch.item())
+            setLabel(*watch.item(), *text);
+    } catch (...) {
+        onLabelEditEnded();
+        throw;
+    }
     onLabelEditEnded();
 }
 

@@ -2,6 +2,8 @@
 #include "toolkit/tree_control.h"
 
 #include <algorithm>
+#include <unordered_set>
+#include <utility>
 
 namespace ryv {
 
@@ -20,15 +22,95 @@ void TreeControl::setFilter(CString text) {
     if (text == filter_.text())
         return;
     endEdit();
+    bool reveals = false;
     observers_.tellAround([](TreeObserver& o) { o.aboutToReset(); },
         [&] {
             const bool was = filter_.isActive();
             filter_ = TreeFilter(std::move(text));
+            if (!was && filter_.isActive())
+                rememberView();
             applyFilter(was);
             leaveHidden();
+            reveals = was && !filter_.isActive() && chosenWhileFiltered_ && selection_.count() > 0;
+            if (reveals)
+                revealSelection();
+            else if (was && !filter_.isActive())
+                restoreView();
         },
         [](TreeObserver& o) { o.reset(); });
+    if (reveals) { // from where the view stood
+        observers_.tell([this](TreeObserver& o) { o.firstVisibleChanged(firstVisible_); });
+        if (focus_)
+            observers_.tell([this](TreeObserver& o) { o.revealed(*focus_); });
+        pending_.firstVisible = false;
+    }
     settle();
+}
+
+void TreeControl::rememberView() {
+    beforeFilter_.keepSelection(selection_.items());
+    beforeFilter_.focus = focus_;
+    beforeFilter_.anchor = anchor_;
+    beforeFilter_.firstVisible = firstVisible_;
+    chosenWhileFiltered_ = false;
+}
+
+void TreeControl::remember(TreeItem& item) {
+    if (filter_.isActive())
+        beforeFilter_.add(item);
+}
+
+/// Rows that are gone leave what has taken their place.
+void TreeControl::restoreView() {
+    const TreeFilterMemory before = std::exchange(beforeFilter_, {});
+    if (selection_.assign(before.selection()))
+        pending_.selection = true;
+    if (before.focus)
+        changeFocus(before.focus);
+    if (before.anchor)
+        anchor_ = before.anchor;
+    if (before.firstVisible) {
+        firstVisible_ = before.firstVisible;
+        pending_.firstVisible = true;
+    }
+}
+
+/// Each row above is expanded once, however many are selected below it.
+void TreeControl::revealSelection() {
+    if (TreeItem* const first = std::exchange(beforeFilter_, {}).firstVisible)
+        firstVisible_ = first;
+    std::unordered_set<const TreeItem*> seen;
+    const auto expandAbove = [&seen](TreeItem* at) {
+        for (; at && seen.insert(at).second; at = at->parent())
+            at->expanded_ = true;
+    };
+    for (TreeItem* const item : selection_.items())
+        expandAbove(item->parent());
+    if (focus_)
+        expandAbove(focus_->parent());
+}
+
+/// The user or the program selects.
+void TreeControl::chosen(bool differs) noexcept {
+    pending_.selection |= differs;
+    chosenWhileFiltered_ |= differs;
+}
+
+CString TreeControl::searchText(const TreeItem& item) const {
+    return item.label_;
+}
+
+bool TreeControl::passes(const TreeItem& item) const {
+    return !filter_.isActive() || filter_.matches(searchText(item));
+}
+
+/// What a view shows or the filter looks at is different now. A view that edits the label would overwrite
+/// what the user types.
+void TreeControl::relabelled(TreeItem& item) {
+    if (&item == edited_)
+        changedWhileEdited_ = true;
+    else
+        refilter(item);
 }
 
 /// First nobody is shown, or everybody; then those that match, with all above them.
@@ -38,7 +120,7 @@ void TreeControl::applyFilter(bool wasActive) {
         if (!wasActive)
             at->unfilteredExpanded_ = at->expanded_;
         at->expanded_ = !all || at->unfilteredExpanded_;
-        at->matches_ = filter_.matches(at->label_);
+        at->matches_ = passes(*at);
         TreeOrder::resetShown(*at, all);
     }
     if (all)
@@ -61,9 +143,9 @@ void TreeControl::leaveHidden() {
     leave(nearestShown(focus_));
 }
 
-/// The label of a row is another one: it may come, go, or stay and look different.
+/// The row may come, go, or stay and look different.
 void TreeControl::refilter(TreeItem& item) {
-    const bool matches = filter_.matches(item.label_);
+    const bool matches = passes(item);
     if (item.shown_ && !matches && item.shownChildCount() == 0)
         return hide(item);
     if (!item.shown_ && matches)

@@ -108,18 +108,42 @@ bool TreeControl::keyAcross(bool expanding, Modifiers modifiers) {
     return true;
 }
 
-/// Rows that a collapsing one takes from the selection are not collapsed any more.
 bool TreeControl::expandSelected(bool on) {
+    const bool any = on ? expandSelectedRows() : collapseSelectedRows();
+    settle();
+    return any;
+}
+
+bool TreeControl::expandSelectedRows() {
     const std::vector<TreeItem*> selected = selection();
     bool any = false;
     for (TreeItem* const item : selected) {
-        if (!item->selected() || item->expanded_ == on || item->shownChildCount() == 0)
+        if (item->expanded_ || item->shownChildCount() == 0)
             continue;
-        setExpanded(*item, on);
+        setExpanded(*item, true);
         any = true;
     }
-    settle();
     return any;
+}
+
+/// All in one pass over what can be seen. Rows that a collapsing one takes from the selection stay expanded.
+bool TreeControl::collapseSelectedRows() {
+    std::vector<TreeItem*> tops;
+    TreeItem* at = rows_.root().firstChild(TreeCount::shown);
+    while (at) {
+        const bool collapses = at->selected() && at->expanded_ && at->shownChildCount() > 0;
+        if (collapses)
+            tops.push_back(at);
+        at = collapses ? nextPast(*at, nullptr, TreeCount::shown) : nextVisible(*at);
+    }
+    if (tops.empty())
+        return false;
+    for (TreeItem* const top : tops)
+        top->expanded_ = false;
+    collapseInto(tops);
+    for (TreeItem* const top : tops)
+        observers_.tell([top](TreeObserver& o) { o.expansionChanged(*top); });
+    return true;
 }
 
 bool TreeControl::typed(CStringView prefix) {

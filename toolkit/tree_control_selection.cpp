@@ -23,17 +23,26 @@ void TreeControl::setFocus(TreeItem* item) {
 }
 
 void TreeControl::select(TreeItem& item, bool on) {
-    if (item.shown_ && (on ? selection_.add(item) : selection_.remove(item)))
-        pending_.selection |= true;
+    if (item.shown_)
+        chosen(on ? selection_.add(item) : selection_.remove(item));
     settle();
 }
 
 void TreeControl::setSelection(const std::vector<TreeItem*>& items) {
     std::vector<TreeItem*> shown = items;
     std::erase_if(shown, [](const TreeItem* item) { return !item->shown_; });
-    pending_.selection |= selection_.assign(shown);
+    chosen(selection_.assign(shown));
     if (!shown.empty())
         changeFocus(anchor_ = shown.back());
+    settle();
+}
+
+void TreeControl::restoreSelection(const std::vector<TreeItem*>& items, TreeItem* focus) {
+    std::vector<TreeItem*> shown = items;
+    std::erase_if(shown, [](const TreeItem* item) { return !item->shown_; });
+    pending_.selection |= selection_.assign(shown);
+    if (focus && focus->shown_)
+        changeFocus(focus);
     settle();
 }
 
@@ -41,13 +50,12 @@ void TreeControl::selectAll() {
     std::vector<TreeItem*> all;
     for (TreeItem* item = rows_.root().firstChild(TreeCount::shown); item; item = nextVisible(*item))
         all.push_back(item);
-    pending_.selection |= selection_.assign(all);
+    chosen(selection_.assign(all));
     settle();
 }
 
 void TreeControl::selectOnly(TreeItem& item) {
-    if (selection_.assign({&item}))
-        pending_.selection |= true;
+    chosen(selection_.assign({&item}));
     changeFocus(&item);
     anchor_ = &item;
 }
@@ -72,10 +80,10 @@ void TreeControl::selectRange(TreeItem& to, bool adding) {
         anchor_ = &to;
     const std::vector<TreeItem*> rows = range(*anchor_, to);
     if (!adding)
-        pending_.selection |= selection_.assign(rows);
+        chosen(selection_.assign(rows));
     else
         for (TreeItem* const item : rows)
-            pending_.selection |= selection_.add(*item);
+            chosen(selection_.add(*item));
     changeFocus(&to);
 }
 
@@ -84,11 +92,11 @@ void TreeControl::click(TreeItem* item, Modifiers modifiers) {
         return;
     if (!item) {
         if (modifiers == Modifiers())
-            pending_.selection |= selection_.clear();
+            chosen(selection_.clear());
     } else if (modifiers.shift) {
         selectRange(*item, modifiers.ctrl);
     } else if (modifiers.ctrl) {
-        pending_.selection |= item->selected() ? selection_.remove(*item) : selection_.add(*item);
+        chosen(item->selected() ? selection_.remove(*item) : selection_.add(*item));
         changeFocus(item);
         anchor_ = item;
     } else {

@@ -2,18 +2,27 @@
 
 #include "base/fold.h"
 
+#include <algorithm>
+
 namespace ryv {
 
-TreeFilter::TreeFilter(CString text) : text_(std::move(text)), upper_(toUpper(CStringView(text_))) {}
+TreeFilter::TreeFilter(CString text) : text_(std::move(text)) {
+    const CString upper = toUpper(CStringView(text_));
+    std::size_t start = 0;
+    while ((start = upper.find_first_not_of(u' ', start)) != CString::npos) {
+        const std::size_t end = std::min(upper.find(u' ', start), upper.size());
+        words_.emplace_back(upper.substr(start, end - start));
+        start = end;
+    }
+}
 
-bool TreeFilter::matches(CStringView label) const noexcept {
-    const std::size_t length = upper_.size();
-    if (length == 0)
+bool TreeFilter::matches(CStringView lines) const {
+    if (words_.empty())
         return true;
-    for (std::size_t start = 0; start + length <= label.size(); ++start)
-        if (toUpper(label[start]) == upper_[0] && equalNoCase(label.substr(start, length), upper_))
-            return true;
-    return false;
+    upper_.resize(lines.size());
+    std::transform(lines.begin(), lines.end(), upper_.begin(), [](char16_t unit) { return toUpper(unit); });
+    return std::all_of(
+        words_.begin(), words_.end(), [this](const FilterWord& word) { return word.matches(upper_); });
 }
 
 } // namespace ryv

@@ -59,6 +59,8 @@ public:
 
     /// Whether the row passes the filter: it, or a row below it, matches. Says nothing of collapsed parents.
     bool shown() const noexcept { return shown_; }
+    /// Whether the row itself matches the filter.
+    bool matches() const noexcept { return matches_; }
 
     const CString& label() const noexcept { return label_; }
     int image() const noexcept { return image_; }

@@ -85,6 +85,10 @@ TreeMatch matchRows(TreeItem* firstChild, const std::vector<TreeRow>& contents, 
 }
 
 void TreeControl::replaceChildren(TreeItem* parent, std::vector<TreeRow> contents, const TreeKey& key) {
+    if (childCount(parent) == 0) { // keys are dear
+        insertRows(parent, 0, std::move(contents));
+        return settle();
+    }
     const TreeMatch match = matchRows(rows_.under(parent).firstChild(), contents, key);
     if (match.moving > manyMoves) {
         endEdit();
@@ -142,22 +146,26 @@ void TreeControl::takeOver(const TreeMatch& match, std::vector<TreeRow>& content
     for (std::size_t i = 0; i < contents.size(); ++i)
         if (match.kept[i])
             places.push_back(i);
-    // Labels that match go first, or the parent might be filtered out between two of them.
-    std::stable_partition(places.begin(), places.end(),
-        [&](std::size_t place) { return filter_.matches(contents[place].label); });
-    for (const std::size_t i : places) {
-        TreeItem* const item = match.kept[i];
-        TreeRow& content = contents[i];
-        if (content.data)
-            setData(*item, std::move(content.data));
-        const bool looks = item->image_ != content.image || item->bold_ != content.bold;
-        item->image_ = content.image;
-        item->bold_ = content.bold;
-        if (item->label_ != content.label)
-            applyLabel(*item, std::move(content.label));
-        else if (looks)
-            tellChanged(*item);
+    std::erase_if(places, [&](std::size_t place) { return !takeOver(*match.kept[place], contents[place]); });
+    // Rows that match go first, or the parent might be filtered out between two of them.
+    std::stable_partition(
+        places.begin(), places.end(), [&](std::size_t place) { return passes(*match.kept[place]); });
+    for (const std::size_t place : places)
+        relabelled(*match.kept[place]);
+}
+
+/// True when somebody has to hear of it.
+bool TreeControl::takeOver(TreeItem& item, TreeRow& content) {
+    if (content.data) {
+        item.data_ = std::move(content.data);
+        onDataAttached(item);
     }
+    const bool looks =
+        item.label_ != content.label || item.image_ != content.image || item.bold_ != content.bold;
+    item.label_ = std::move(content.label);
+    item.image_ = content.image;
+    item.bold_ = content.bold;
+    return looks || passes(item) != item.matches_;
 }
 
 /// Runs of rows that stand side by side.

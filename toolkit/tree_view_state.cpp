@@ -12,25 +12,30 @@ namespace {
 /// Who stands in for rows that are collapsed away. Each row above them is looked at once, however many ask.
 class StandIns {
 public:
-    /// Of all rows, when `top` is null.
-    explicit StandIns(const TreeItem* top) : top_(top) {}
+    /// Of all rows, when there are no tops. None of them stands below another.
+    explicit StandIns(const std::vector<TreeItem*>& tops) {
+        for (TreeItem* const top : tops)
+            known_.emplace(top, top);
+        all_ = tops.empty();
+    }
 
-    /// `top` for a row below it, or the row at the top of the tree when there is none; else the row itself.
+    /// The top that the row is below, or the row at the top of the tree when there are none; else the row
+    /// itself.
     TreeItem* of(TreeItem* item) {
         if (!item)
             return nullptr;
         TreeItem* at = item;
-        while (at != top_ && at->parent() && !known_.contains(at))
+        while (at->parent() && !known_.contains(at))
             at = at->parent();
         const auto found = known_.find(at);
-        TreeItem* const standIn = found != known_.end() ? found->second : !top_ || at == top_ ? at : nullptr;
+        TreeItem* const standIn = found != known_.end() ? found->second : all_ ? at : nullptr;
         for (TreeItem* passed = item; passed != at; passed = passed->parent())
             known_.emplace(passed, standIn);
         return standIn ? standIn : item;
     }
 
 private:
-    const TreeItem* top_;
+    bool all_;
     std::unordered_map<const TreeItem*, TreeItem*> known_; // null: nobody stands in
 };
 
@@ -46,7 +51,7 @@ void TreeControl::setExpanded(TreeItem& item, bool on) {
         return;
     item.expanded_ = on;
     if (!on)
-        collapseInto(&item);
+        collapseInto({&item});
     observers_.tell([&](TreeObserver& o) { o.expansionChanged(item); });
 }
 
@@ -61,14 +66,14 @@ void TreeControl::expandAll(TreeItem* item, bool on) {
     if (!any)
         return;
     if (!on)
-        collapseInto(item);
+        collapseInto(item ? std::vector{item} : std::vector<TreeItem*>());
     observers_.tell([&](TreeObserver& o) { o.manyExpansionsChanged(item); });
     settle();
 }
 
-/// After a row, or all of them, collapsed: what was below it is replaced by itself, or by the row at the top.
-void TreeControl::collapseInto(TreeItem* top) {
-    StandIns standIns(top);
+/// After rows, or all of them, collapsed: what was below one is replaced by itself, or by the row at the top.
+void TreeControl::collapseInto(const std::vector<TreeItem*>& tops) {
+    StandIns standIns(tops);
     const std::vector<TreeItem*> selected = selection_.items();
     for (TreeItem* const item : selected)
         if (TreeItem* const standIn = standIns.of(item); standIn != item) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/strings.h"
+#include "platform/os/files.h"
 
 #include <cstdint>
 #include <functional>
@@ -73,6 +74,14 @@ public:
     /// false when there is no such document.
     virtual bool isQuiescent(DocumentId document) = 0;
 
+    /// The document that has a file open, whatever way its path is spelled; none when there is none.
+    virtual DocumentId documentOfFile(CStringView path) = 0;
+
+    /// Gives the file of a document another name in its folder; the document goes on under it, with all that
+    /// is not saved yet. Never replaces a file (`exists`). `missing` when there is no such document or it has
+    /// no file.
+    virtual FileStatus renameFile(DocumentId document, CStringView newPath) = 0;
+
     /// Queues `text` for the document's command input, as if it were typed; it is run once the host is idle.
     /// A "\r" or "\n" ends a line. Nothing happens when there is no such document.
     virtual void sendStringToExecute(DocumentId document, CStringView text, CommandStringOptions options) = 0;
@@ -99,6 +108,8 @@ public:
     CString fileName(DocumentId) override { return {}; }
     bool isNamed(DocumentId) override { return false; }
     bool isQuiescent(DocumentId) override { return false; }
+    DocumentId documentOfFile(CStringView) override { return DocumentId::none; }
+    FileStatus renameFile(DocumentId, CStringView) override { return {FileError::missing, 0}; }
     void sendStringToExecute(DocumentId, CStringView, CommandStringOptions) override {}
     void executeInApplicationContext(std::function<void()>) override {}
     void add(DocumentObserver&) override {}

@@ -27,7 +27,7 @@ struct ModuleContext {
     std::uint32_t version = current;
     Platform* platform = nullptr; ///< valid from the first message to the end of the last one
 
-    static constexpr std::uint32_t current = 1;
+    static constexpr std::uint32_t current = 2;
 };
 
 /// The type of the entry point, and the name that the host looks it up by.

@@ -4,6 +4,7 @@
 #include "base/strings.h"
 
 #include <chrono>
+#include <cstdint>
 
 namespace ryv {
 
@@ -23,6 +24,9 @@ public:
 
     virtual LocalTime localTime() = 0;
 
+    /// The moment so many seconds after the beginning of 1970 (UTC), before it when negative.
+    virtual LocalTime localTimeOf(std::int64_t seconds) = 0;
+
     /// Time that only ever goes forward, from an arbitrary start.
     virtual std::chrono::milliseconds steady() = 0;
 
@@ -36,6 +40,7 @@ public:
 class NullClock final : public Clock {
 public:
     LocalTime localTime() override { return {}; }
+    LocalTime localTimeOf(std::int64_t) override { return {}; }
     std::chrono::milliseconds steady() override { return std::chrono::milliseconds(0); }
     CString longDate(const LocalTime&) override { return {}; }
     CString timeOfDay(const LocalTime&) override { return {}; }

@@ -5,6 +5,7 @@
 
 #include "base/strings.h"
 
+#include <climits>
 #include <cstddef>
 #include <memory>
 #include <utility>
@@ -93,6 +94,10 @@ public:
 struct ScreenPoint {
     int x = 0;
     int y = 0;
+    bool operator==(const ScreenPoint&) const = default;
+
+    /// Below the control that the user has used last, or at the pointer.
+    static constexpr ScreenPoint atControl() noexcept { return {INT_MIN, INT_MIN}; }
 };
 
 class UserInterface {

@@ -190,7 +190,6 @@ TEST_F(TreeControlTest, rowsLeaving_focusGoesToTheNeighbourAndSelectionForgets) 
         {u"a3", [this] { tree.remove(*at(u"a3")); }, "a2", "a1"},
         {u"a2", [this] { tree.expand(*at(u"a"), false); }, "a", "a"},
         {u"a", [this] { tree.setFilter(u"B"); }, "none", ""},
-        {u"b", [this] { tree.setFilter(u""); }, "b", "b"},
         {u"b1", [this] { tree.remove(*at(u"b1")); }, "b", ""},
         {u"a2",
             [this] {
@@ -209,6 +208,7 @@ TEST_F(TreeControlTest, rowsLeaving_focusGoesToTheNeighbourAndSelectionForgets) 
         EXPECT_EQ(name(tree.focus()), each.focusAfter);
         EXPECT_EQ(name(tree.firstVisible()), each.focusAfter);
         EXPECT_EQ(selected(), each.selected);
+        tree.setFilter({});
     }
 }
 

@@ -34,7 +34,7 @@ public:
 private:
     // -- The answers, each by a walk.
     bool shown(const Node& node) const {
-        bool hit = toUpper(CStringView(node.label)).find(toUpper(CStringView(filter_))) != CString::npos;
+        bool hit = TreeFilter(filter_).matches(node.label);
         for (const auto& child : node.children)
             hit = hit || shown(*child);
         return hit;
@@ -79,6 +79,7 @@ private:
     void replace(Node& parent);
     void expandAll(Node& node, bool on);
     void setFilter(CString text);
+    void unfiltered();
     void click(Node& node, Modifiers modifiers);
     void selectVisible(std::vector<Node*> nodes, bool adding);
     void dropHidden() {
@@ -97,6 +98,8 @@ private:
     Node root_;
     CString filter_;
     std::vector<Node*> selection_;
+    std::vector<Node*> unfilteredSelection_;
+    bool chosen_ = false; // while there is a filter
     TreeControl control_{1};
     TreeMirror mirror_{control_};
 };
@@ -115,7 +118,8 @@ void Changed::insert(Node& parent) {
 }
 
 void Changed::remove(Node& node) {
-    std::erase_if(selection_, [&](const Node* each) { return each == &node || below(each, &node); });
+    for (auto* const nodes : {&selection_, &unfilteredSelection_})
+        std::erase_if(*nodes, [&](const Node* each) { return each == &node || below(each, &node); });
     control_.remove(*node.item);
     Node& parent = *node.parent;
     std::erase_if(parent.children, [&](const auto& child) { return child.get() == &node; });
@@ -151,8 +155,9 @@ void Changed::replace(Node& parent) {
         parent.children.back()->label = row.label;
     }
     for (const auto& gone : old)
-        std::erase_if(selection_,
-            [&](const Node* each) { return gone && (each == gone.get() || below(each, gone.get())); });
+        for (auto* const nodes : {&selection_, &unfilteredSelection_})
+            std::erase_if(*nodes,
+                [&](const Node* each) { return gone && (each == gone.get() || below(each, gone.get())); });
     control_.replaceChildren(parent.item, std::move(rows), firstLetter);
     for (std::size_t i = 0; i < parent.children.size(); ++i)
         if (!parent.children[i]->item)
@@ -195,16 +200,35 @@ void Changed::setFilter(CString text) {
             node->unfiltered = node->expanded;
         node->expanded = !text.empty() || node->unfiltered;
     }
-    filter_ = std::move(text);
+    if (std::exchange(filter_, std::move(text)).empty()) {
+        unfilteredSelection_ = selection_;
+        chosen_ = false;
+    }
     dropHidden();
+    if (filter_.empty())
+        unfiltered();
+}
+
+void Changed::unfiltered() {
+    if (!chosen_ || selection_.empty()) {
+        selection_ = unfilteredSelection_;
+        return;
+    }
+    auto revealed = selection_;
+    revealed.push_back(nodeOf(control_.focus()));
+    for (Node* const node : revealed)
+        for (Node* above = node ? node->parent : nullptr; above && above->parent; above = above->parent)
+            above->expanded = true;
 }
 
 void Changed::selectVisible(std::vector<Node*> nodes, bool adding) {
+    const auto before = selection_;
     if (!adding)
         selection_.clear();
     for (Node* const node : nodes)
         if (std::find(selection_.begin(), selection_.end(), node) == selection_.end())
             selection_.push_back(node);
+    chosen_ = chosen_ || before != selection_;
 }
 
 void Changed::click(Node& node, Modifiers modifiers) {
@@ -222,7 +246,7 @@ void Changed::click(Node& node, Modifiers modifiers) {
             std::reverse(range.begin(), range.end());
         selectVisible(range, modifiers.ctrl);
     } else if (modifiers == Modifiers{true, false} && std::erase(selection_, &node) > 0) {
-        return;
+        chosen_ = true;
     } else {
         selectVisible({&node}, modifiers.ctrl);
     }
