@@ -16,7 +16,7 @@ struct Entry {
     bool onlyAtRest = false; ///< not queued while the current document is busy
 };
 
-constexpr std::array<Entry, 18> entries{{
+constexpr std::array<Entry, 19> entries{{
     {CommandString::reportDrawings, u"(c:kq_dwglst_proj)\r"},
     {CommandString::updateTitleBlocks, u"(c:kq_tb)\r"},
     {CommandString::resequence, u"(c:kq_bump)\r"},
@@ -35,6 +35,7 @@ constexpr std::array<Entry, 18> entries{{
     {CommandString::compareDrawingToProject, u"_.ryvcomparedtop\r"},
     {CommandString::projectProperties, u"_.ryvprojectprops\r"},
     {CommandString::continueNewDrawing, u"_ryvcontinuenewdrawing\r"},
+    {CommandString::copyDrawing, u"RYNAVCOPYTO\r"},
 }};
 constexpr CStringView openCommand = u"_.open \"%s\"\r";
 

@@ -24,7 +24,8 @@ enum class CommandString {
     drawingProperties,
     compareDrawingToProject,
     projectProperties,
-    continueNewDrawing ///< second half of making a new drawing
+    continueNewDrawing, ///< second half of making a new drawing
+    copyDrawing         ///< that the project tree shows selected, to a new file
 };
 
 /// Queues a command for the current document, which becomes active, without echo. Nothing happens without a

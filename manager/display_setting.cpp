@@ -18,8 +18,10 @@ constexpr int defaultColumn = 103;
 constexpr CStringView defaultSeparator = u"-";
 constexpr int mostEntries = 1000; // a damaged number is not to keep anybody waiting
 
+/// Empty when the host cannot tell where its profile keeps its settings.
 CString settingKey() {
-    return platform().host.profile->profileKey() + CString(keyEnd);
+    const CString profile = platform().host.profile->profileKey();
+    return profile.empty() ? CString() : profile + CString(keyEnd);
 }
 
 bool readText(const CString& key, CStringView name, CString& text) {
@@ -39,6 +41,8 @@ CString entryName(int index) {
 
 bool readDisplaySetting(CArray<int>& order, CString& separator, bool& showSelection) {
     const CString key = settingKey();
+    if (key.empty())
+        return false;
     if (platform().os.registry->findKey(key) != RegistryStatus::ok) {
         order = {defaultColumn};
         separator = defaultSeparator;
@@ -60,13 +64,14 @@ bool readDisplaySetting(CArray<int>& order, CString& separator, bool& showSelect
 
 bool writeDisplaySetting(const CArray<int>& order, const CString& separator, bool showSelection) {
     const CString key = settingKey();
-    if (platform().os.registry->createKey(key) != RegistryStatus::ok)
+    if (key.empty() || platform().os.registry->createKey(key) != RegistryStatus::ok ||
+        !writeText(key, countName, toText(static_cast<long long>(order.size()))))
         return false;
-    bool written = writeText(key, countName, toText(static_cast<long long>(order.size())));
     for (std::size_t index = 0; index < order.size(); ++index)
-        written = writeText(key, entryName(static_cast<int>(index)), toText(order[index])) && written;
-    written = writeText(key, separatorName, separator) && written;
-    return writeText(key, selectionName, showSelection ? u"1" : u"0") && written;
+        if (!writeText(key, entryName(static_cast<int>(index)), toText(order[index])))
+            return false;
+    return writeText(key, separatorName, separator) &&
+           writeText(key, selectionName, showSelection ? u"1" : u"0");
 }
 
 } // namespace ryv

@@ -23,6 +23,13 @@ protected:
     ~BusyListener() = default;
 };
 
+/// A drawing at the place where a project lists it.
+struct ListedDrawing {
+    CString path;
+    CString projectId;
+    CString trace; ///< of the subfolder that it is in; empty at the top level
+};
+
 /// The base of the navigation manager; one object from the module's start to its end. Main thread only, but
 /// for adding requests.
 class NavState {
@@ -54,6 +61,8 @@ public:
     /// them clears them.
     CString pendingDrawing;
     CString pendingSecond;
+    /// The same for the command that copies a drawing; its path is empty when there is none.
+    ListedDrawing drawingToCopy;
     /// The module's temporary drawing; empty when there is none.
     CString temporaryDrawing;
 

@@ -47,6 +47,8 @@ public:
     RyvPrmProject* getProject(int index) const;
     RyvPrmProject* getProject(OptionalPath projectId) const;
     RyvPrmProject* getActiveProject() const override { return getProject(std::nullopt); }
+    /// The same as getProject(), kept alive for whoever lets it read or write.
+    std::shared_ptr<RyvPrmProject> holdProject(OptionalPath projectId) const { return find(projectId); }
     /// False when the project that was activated last is not open.
     bool getActiveProjectID(CString& projectId) const;
     bool isActiveProject(CStringView projectId) const;

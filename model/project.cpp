@@ -74,6 +74,12 @@ void RyvPrmProject::noteErrorOf(const RyvPrmKQPFiler& filer) {
     lastFile_ = filer.lastFile();
 }
 
+void RyvPrmProject::forgetLastError() noexcept {
+    lastError_ = RyvPmUtilsKQPFiler::noError;
+    lastStatus_ = {};
+    lastFile_.clear();
+}
+
 /// This program's writer never makes an empty file, but one that is written in place is empty for a moment.
 bool RyvPrmProject::isBeingWritten(const RyvPrmKQPFiler& fresh) const {
     const std::optional<Fingerprint>& now = fresh.knownContent();

@@ -55,6 +55,8 @@ public:
     int getLastError() const noexcept { return lastError_; }
     FileStatus lastStatus() const noexcept { return lastStatus_; }
     const CString& lastFile() const noexcept { return lastFile_; }
+    /// For whoever has to tell an error of what follows from an older one.
+    void forgetLastError() noexcept;
 
     const RyvPrmProjectData& getProjectData() const noexcept { return data_; }
     /// The same for changing it: what is changed here stays until the file is read again.

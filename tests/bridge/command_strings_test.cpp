@@ -39,6 +39,7 @@ TEST_F(CommandStrings, everyCommand_isSentToTheCurrentDocumentWithoutEcho) {
         {CommandString::compareDrawingToProject, "_.ryvcomparedtop"},
         {CommandString::projectProperties, "_.ryvprojectprops"},
         {CommandString::continueNewDrawing, "_ryvcontinuenewdrawing"},
+        {CommandString::copyDrawing, "RYNAVCOPYTO"},
     };
     for (const auto& [command, text] : commands) {
         sent.clear();

@@ -190,8 +190,44 @@ TEST_F(OperationsTest, displaySetting_hasDefaultsAndRoundTrips) {
     surroundings.registry.put(key, u"B", std::uint32_t{5}); // cannot be read as text: skipped
     EXPECT_TRUE(manager->getDwgDisplaySetting(order, separator, selection));
     EXPECT_EQ(order, (CArray<int>{101, 291}));
-    surroundings.registry.put(key, u"NR_ENTRIES", std::uint32_t{5});
+    surroundings.profile.key.clear();
     EXPECT_FALSE(manager->getDwgDisplaySetting(order, separator, selection));
+    EXPECT_FALSE(manager->setDwgDisplaySetting(order, separator, selection));
+    EXPECT_EQ(order, (CArray<int>{101, 291}));
+}
+
+TEST_F(OperationsTest, displaySetting_thatIsOddIsReadAsFarAsItGoes) {
+    const struct {
+        std::map<CString, ScriptedRegistry::Value> values;
+        const char* read; ///< "103 108;-;1", or empty when it cannot be read
+    } cases[] = {
+        {{{u"NR_ENTRIES", u"1"}, {u"A", u"103"}, {u"SEPARATOR", u"/"}, {u"ShowSelection", u"1"}}, "103;/;1"},
+        {{{u"NR_ENTRIES", u"1"}, {u"A", u"103"}, {u"ShowSelection", u"yes"}}, "103;?;0"},
+        {{{u"NR_ENTRIES", u"1"}, {u"A", u"103"}}, "103;?;1"},
+        {{{u"NR_ENTRIES", u"3"}, {u"A", u"103"}, {u"C", u"x"}}, "103 0;?;1"},
+        {{{u"NR_ENTRIES", u"-2"}, {u"A", u"103"}}, ";?;1"},
+        // The 33rd entry would be "a", which the registry takes for "A".
+        {{{u"NR_ENTRIES", u"999999999"}, {u"A", u"103"}}, "103 103;?;1"},
+        {{{u"NR_ENTRIES", std::uint32_t{5}}}, ""},
+        {{{u"A", u"103"}, {u"SEPARATOR", u"-"}}, ""},
+    };
+    int number = 0;
+    for (const auto& each : cases) {
+        surroundings.profile.key = u"Software\\P" + toText(++number);
+        for (const auto& [name, value] : each.values)
+            surroundings.registry.put(
+                surroundings.profile.key + u"\\Settings\\CurrDisplayOrder", name, value);
+        CArray<int> order;
+        CString separator = u"?";
+        bool selection = false;
+        std::string text;
+        if (manager->getDwgDisplaySetting(order, separator, selection)) {
+            for (const int field : order)
+                text += (text.empty() ? "" : " ") + std::to_string(field);
+            text += ";" + toUtf8(separator) + (selection ? ";1" : ";0");
+        }
+        EXPECT_EQ(text, each.read) << number;
+    }
 }
 
 } // namespace
