@@ -90,8 +90,11 @@ void hidePalettes() {
         manager->showPaletteSet(false);
 }
 
-/// A palette without a project tree has nothing to copy, and none has one in this version.
-void copyDrawingsTo() {}
+void copyDrawingsTo() {
+    RyvPrmNavManager* const manager = GetNavManager();
+    if (RyvPrmPalette* const palette = manager ? manager->firstPalette() : nullptr)
+        palette->tree().copySelectedDrawing();
+}
 
 void projectProperties() {
     if (GetActiveProject())
@@ -109,9 +112,12 @@ void drawingProperties() {
         tellDialogMissing(u"The properties sheet of drawings");
 }
 
+/// Nothing comes of it, so the subfolder that the tree set for it must not get the next drawing.
 void newDrawing() {
     if (GetActiveProject())
         tellDialogMissing(u"The dialog for new drawings");
+    if (RyvPrmProjectManager* const manager = GetProjectManager())
+        manager->SetNewDwgSubfolderTrace({});
 }
 
 void continueNewDrawing() {

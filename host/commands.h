@@ -13,7 +13,7 @@ void testModal();
 // The palette set.
 void showPalettes();
 void hidePalettes();
-/// Copies the drawing that is selected in the project tree.
+/// Copies the drawing that the project tree handed over, or else the one that is selected there.
 void copyDrawingsTo();
 
 // The dialogs.

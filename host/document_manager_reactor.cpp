@@ -1,5 +1,6 @@
 #include "bridge/platform.h"
 #include "host/nav_manager.h"
+#include "host/palette.h"
 #include "host/reactors.h"
 #include "manager/last_project_list.h"
 #include "manager/project_manager.h"
@@ -28,6 +29,8 @@ void RyvPrmDocManagerReactor::documentToBeDestroyed(DocumentId) {
 }
 
 void RyvPrmDocManagerReactor::documentDestroyed(DocumentId) {
+    if (RyvPrmPalette* const palette = owner_.firstPalette())
+        palette->tree().BoldNewActiveDrawingAndSubfolders({});
     if (platform().host.documents->documents().size() <= 1 && owner_.inputContextReactor())
         owner_.tellBusyListeners(1);
 }

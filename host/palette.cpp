@@ -6,11 +6,22 @@
 
 namespace ryv {
 
-RyvPrmPalette::RyvPrmPalette(HostPalette& host) : host_(host), details_(detailsId), preview_(previewId) {
+RyvPrmPalette::RyvPrmPalette(HostPalette& host, NavState& nav)
+    : host_(host), tab_(nav), details_(detailsId), preview_(previewId) {
     details_.setMultiLine(true);
     details_.setReadOnly(true);
+    host_.top().addPage(messageText(message::projectsCaption), tab_.page());
     host_.bottom().addPage(messageText(message::detailsCaption), details_);
     host_.bottom().addPage(messageText(message::previewCaption), preview_);
+    subscription_ = tree().detailsChanged.subscribe([this] { showDetails(); });
+    showDetails();
+}
+
+void RyvPrmPalette::showDetails() {
+    CString text;
+    tree().GetDisplayDetails(text);
+    details_.setText(std::move(text));
+    preview_.setDrawing(tree().previewedDrawing());
 }
 
 void RyvPrmPalette::saveLayout(WorkspaceNode& node) const {

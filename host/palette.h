@@ -1,9 +1,11 @@
-// The palette: what the palette set shows. At the bottom two pages about the drawing that is selected.
+// The palette: what the palette set shows. At the top the projects, at the bottom two pages about what is
+// selected there.
 #pragma once
 
 #include "platform/host/palettes.h"
 #include "toolkit/picture.h"
 #include "toolkit/text_field.h"
+#include "ui/tree/project_tab.h"
 
 namespace ryv {
 
@@ -12,12 +14,15 @@ public:
     static constexpr int detailsId = 1;
     static constexpr int previewId = 2;
 
-    /// Builds the pages into the host's palette, which outlives this object's use but not this object.
-    explicit RyvPrmPalette(HostPalette& host);
+    /// Builds the pages into the host's palette, which outlives this object's use but not this object. The
+    /// navigation manager outlives the palette.
+    RyvPrmPalette(HostPalette& host, NavState& nav);
     RyvPrmPalette(const RyvPrmPalette&) = delete;
     RyvPrmPalette& operator=(const RyvPrmPalette&) = delete;
 
     HostPalette& host() const noexcept { return host_; }
+
+    CProjectTree& tree() noexcept { return tab_.tree(); }
 
     /// Read-only text about what is selected.
     TextField& details() noexcept { return details_; }
@@ -32,9 +37,13 @@ public:
     void applyTheme();
 
 private:
+    void showDetails();
+
     HostPalette& host_;
+    RyvPrmProjectTab tab_;
     TextField details_;
     Picture preview_;
+    Subscription subscription_;
 };
 
 } // namespace ryv

@@ -54,7 +54,8 @@ bool RyvPrmPaletteSet::create() {
     if (!host_)
         return false;
     if (!palette_) // before the window, because the host may hand the saved layout over together with that
-        palette_ = std::make_unique<RyvPrmPalette>(host_->addPalette(messageText(message::paletteName)));
+        palette_ =
+            std::make_unique<RyvPrmPalette>(host_->addPalette(messageText(message::paletteName)), owner_);
     if (!host_->createWindow(newWindow()))
         return false;
     host_->enableDocking(DockingSides::all);

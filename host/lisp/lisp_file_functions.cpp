@@ -2,8 +2,8 @@
 
 #include "base/paths.h"
 #include "bridge/platform.h"
-#include "host/lisp/copy_file.h"
 #include "manager/existing_files.h"
+#include "siblings/copy_file.h"
 #include "siblings/ut_file.h"
 
 namespace ryv::lisp_functions {

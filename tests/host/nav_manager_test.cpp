@@ -1,6 +1,7 @@
 #include "host/nav_manager.h"
 
 #include "host/application.h"
+#include "host/commands.h"
 #include "host/palette_set.h"
 #include "tests/host/nav_fixture.h"
 #include "tests/support/fault_files.h"
@@ -33,6 +34,16 @@ TEST_F(NavManagerTest, loadingProjects_showsThePaletteSetThatWasVisible) {
         stop();
         EXPECT_EQ(storedVisibility(), shown ? 1u : 0u);
     }
+}
+
+TEST_F(NavManagerTest, newDrawingThatIsNotMade_leavesNoSubfolderForTheNext) {
+    start();
+    ASSERT_TRUE(activate(u"a"));
+    nav->projectManager()->SetNewDwgSubfolderTrace(u"S");
+    commands::newDrawing();
+    files.put(u"C:\\P\\n.dwg", "drawing");
+    nav->projectManager()->addFileToProject(std::make_unique<RyvPrmFileDetails>(u"C:\\P\\n.dwg"));
+    EXPECT_FALSE(nav->projectManager()->getActiveProject()->getProjectData().findSubfolder(u"S"));
 }
 
 TEST_F(NavManagerTest, paletteSetThatWasHidden_staysHiddenInTheNextRun) {

@@ -193,6 +193,35 @@ TEST_F(PaletteSetTest, removedPalette_leavesAnEmptySet) {
     EXPECT_EQ(host().themesApplied, 2u);
 }
 
+TEST_F(PaletteSetTest, selectedRow_isDescribedAndPreviewed) {
+    const CString other = project(u"b"); // beside the active one
+    ASSERT_TRUE(activate(u"a") && nav->projectManager()->openProject(other, false));
+    RyvPrmPalette& palette = *nav->firstPalette();
+    TreeItem& row = *palette.tree().GetProjectItem(other);
+    palette.tree().click(&row);
+    EXPECT_NE(palette.details().text().find(u"File name: b.kqp"), CString::npos);
+    EXPECT_EQ(palette.preview().drawing(), u"");
+    palette.tree().click(row.firstChild());
+    EXPECT_NE(palette.details().text().find(u"File name: b.dwg"), CString::npos);
+    EXPECT_EQ(palette.preview().drawing(), u"C:\\P\\b.dwg");
+    palette.tree().click(nullptr);
+    EXPECT_EQ(palette.details().text(), u"");
+    EXPECT_EQ(palette.preview().drawing(), u"");
+}
+
+TEST_F(PaletteSetTest, closedDrawing_isNotMarkedAnyMore) {
+    ASSERT_TRUE(activate(u"a"));
+    const TreeItem& row = *nav->firstPalette()->tree().GetDrawingItem(u"C:\\P\\a.dwg");
+    const DocumentId document = openDocument(u"C:\\P\\a.dwg");
+    EXPECT_TRUE(row.bold());
+    const DocumentId other = openDocument(u"C:\\other.dwg");
+    surroundings.documents.activate(document);
+    surroundings.documents.closeDocument(other);
+    EXPECT_TRUE(row.bold());
+    surroundings.documents.closeDocument(document);
+    EXPECT_FALSE(row.bold());
+}
+
 TEST_F(PaletteSetTest, changedProject_isReadAgainWithAndWithoutAPalette) {
     for (const bool hasPalettes : {true, false}) {
         stop();

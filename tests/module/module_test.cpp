@@ -102,7 +102,7 @@ TEST_F(ModuleTest, RefusesAForeignHostInWords) {
     };
     ModuleContext other = context;
     other.version = 7;
-    EXPECT_EQ(refusal(other), "RyvPageMan: this host's interface version is 7, and the module needs 1\n");
+    EXPECT_EQ(refusal(other), "RyvPageMan: this host's interface version is 7, and the module needs 2\n");
     other = context;
     other.size = 4;
     EXPECT_EQ(refusal(other), "RyvPageMan: this host's context size is 4, and the module needs " +

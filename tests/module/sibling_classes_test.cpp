@@ -263,7 +263,7 @@ TEST_F(SiblingOfTheRunningModule, manager_opensFollowsAndCloses) {
     CArray<int> order;
     CString separator;
     bool showSelection = false;
-    EXPECT_TRUE(manager.getDwgDisplaySetting(order, separator, showSelection));
+    EXPECT_FALSE(manager.getDwgDisplaySetting(order, separator, showSelection)) << "there is no profile";
     EXPECT_TRUE(manager.getFileTimerList().empty());
     CString who;
     EXPECT_EQ(manager.whoHasProjectFileLocked(path, &who), lockNone);

@@ -1,9 +1,12 @@
 // Documents that a test opens, activates, keeps busy and closes, and what was sent to them.
 #pragma once
 
+#include "base/fold.h"
+#include "bridge/platform.h"
 #include "platform/host/documents.h"
 #include "tests/support/scripted_observers.h"
 
+#include <algorithm>
 #include <deque>
 #include <map>
 #include <utility>
@@ -114,6 +117,22 @@ public:
     CString fileName(DocumentId id) override { return find(id) ? find(id)->name : CString(); }
     bool isNamed(DocumentId id) override { return find(id) && find(id)->named; }
     bool isQuiescent(DocumentId id) override { return find(id) && find(id)->quiescent; }
+    DocumentId documentOfFile(CStringView path) override {
+        const auto hit = std::find_if(documents_.begin(), documents_.end(),
+            [path](const Document& each) { return each.named && equalNoCase(each.name, path); });
+        return hit == documents_.end() ? DocumentId::none : hit->id;
+    }
+    /// The test's files are renamed when there are any.
+    FileStatus renameFile(DocumentId id, CStringView newPath) override {
+        Files& files = *platform().os.files;
+        FileInformation found;
+        if (files.information(newPath, found).ok() && !equalNoCase(find(id)->name, newPath))
+            return {FileError::exists, 0};
+        const FileStatus status = files.rename(find(id)->name, newPath);
+        if (status.ok())
+            find(id)->name = newPath;
+        return status;
+    }
     void sendStringToExecute(DocumentId id, CStringView text, CommandStringOptions options) override {
         if (find(id))
             sent.push_back({id, CString(text), options});

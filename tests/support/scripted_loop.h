@@ -17,8 +17,13 @@ public:
     std::chrono::milliseconds now{0};
     CString date = u"Saturday, November 21, 2026";
     CString time = u"8:05:09 AM";
+    std::int64_t askedFor = 0; ///< the moment that was asked for last, in seconds
 
     LocalTime localTime() override { return local; }
+    LocalTime localTimeOf(std::int64_t seconds) override {
+        askedFor = seconds;
+        return local;
+    }
     std::chrono::milliseconds steady() override { return now; }
     CString longDate(const LocalTime&) override { return date; }
     CString timeOfDay(const LocalTime&) override { return time; }

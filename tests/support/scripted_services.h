@@ -18,6 +18,7 @@
 #include "tests/support/scripted_observers.h"
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <set>
 #include <utility>
@@ -66,16 +67,22 @@ class ScriptedProjectDatabase final : public ProjectDatabase {
 public:
     std::map<CString, CString> paths; ///< by the folded project ID
     bool helperProcess = false;
-    std::map<CString, CStringArray> rows; ///< by "table|column|condition"
-    CStringArray renames;                 ///< "started ID|old path|file ID" and "completed ID|new path"
+    std::map<CString, CStringArray> rows; ///< by "table|column|key column|key in capitals"
+    std::map<CString, CString> problems;  ///< what opening a database says, by its folded path
+    CString queryProblem;                 ///< what every question says, unless empty
+    int opened = 0;
+    int openNow = 0; ///< databases that are open now
+    std::vector<ProjectDatabaseObserver*> observers;
+    CStringArray renames; ///< "started ID|old path|file ID" and "completed ID|new path"
 
-    bool query(const DatabaseQuery& query, CStringArray& row, CString& problem) override {
-        const auto hit = rows.find(query.table + u"|" + query.column + u"|" + query.condition);
-        if (hit != rows.end())
-            row = hit->second;
-        else
-            problem = u"no such table";
-        return hit != rows.end();
+    std::unique_ptr<DatabaseRecordset> open(CStringView database, CString& problem) override {
+        const auto hit = problems.find(toUpper(database));
+        if (hit != problems.end()) {
+            problem = hit->second;
+            return nullptr;
+        }
+        ++opened;
+        return std::make_unique<Recordset>(*this);
     }
     bool PmGetProjectDb(CStringView projectId, CString& path) override {
         const auto hit = paths.find(toUpper(projectId));
@@ -91,6 +98,30 @@ public:
         renames.push_back(u"completed " + CString(projectId) + u"|" + CString(newPath));
     }
     bool PmIsHelperProcess() override { return helperProcess; }
+    void add(ProjectDatabaseObserver& observer) override { observers.push_back(&observer); }
+    void remove(ProjectDatabaseObserver& observer) override { std::erase(observers, &observer); }
+
+private:
+    class Recordset final : public DatabaseRecordset {
+    public:
+        explicit Recordset(ScriptedProjectDatabase& owner) : owner_(owner) { ++owner_.openNow; }
+        Recordset(const Recordset&) = delete;
+        Recordset& operator=(const Recordset&) = delete;
+        ~Recordset() override { --owner_.openNow; }
+        bool query(const DatabaseQuery& query, CStringArray& row, CString& problem) override {
+            if (!owner_.queryProblem.empty()) {
+                problem = owner_.queryProblem;
+                return false;
+            }
+            const auto hit = owner_.rows.find(
+                query.table + u"|" + query.column + u"|" + query.keyColumn + u"|" + toUpper(query.key));
+            row = hit != owner_.rows.end() ? hit->second : CStringArray();
+            return true;
+        }
+
+    private:
+        ScriptedProjectDatabase& owner_;
+    };
 };
 
 /// Locks whatever it is asked for, unless one of the files is held by somebody else.
@@ -101,14 +132,16 @@ public:
         int firstFlag = 0;
         int secondFlag = 0;
     };
-    std::set<CString> heldByOthers; ///< folded paths
-    bool refuses = false;           ///< every check
-    std::vector<Check> checks;      ///< all that were asked for
-    CStringList locked;             ///< what is locked now
+    std::set<CString> heldByOthers;          ///< folded paths
+    bool refuses = false;                    ///< every check
+    std::vector<Check> checks;               ///< all that were asked for
+    CStringList locked;                      ///< what is locked now
+    std::function<void()> meanwhile = [] {}; ///< runs in each check, before it looks
 
     bool LispCheckFileLockStatusAndLock(
         const CStringList& files, int firstFlag, int secondFlag, CStringList& taken) override {
         checks.push_back({files, firstFlag, secondFlag});
+        meanwhile();
         const bool held = std::any_of(files.begin(), files.end(),
             [this](const CString& file) { return heldByOthers.contains(toUpper(file)); });
         if (refuses || held)

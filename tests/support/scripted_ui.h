@@ -3,6 +3,7 @@
 
 #include "base/text.h"
 #include "platform/ui/user_interface.h"
+#include "toolkit/menu.h"
 
 #include <deque>
 #include <functional>
@@ -41,6 +42,7 @@ public:
     std::vector<FileRequest> fileRequests;
     std::vector<FormRequest> forms; ///< as they were asked
     CStringArray progressItems;
+    std::vector<int> menuItems; ///< the commands of the menu that was shown last
     /// How many answers nobody has asked for yet.
     std::size_t unusedAnswers() const {
         std::size_t count = dialogs_.size() + menus_.size();
@@ -82,7 +84,10 @@ public:
         dialogs_.pop_front();
         return user(dialog);
     }
-    int popupMenu(const Menu&, ScreenPoint) override {
+    int popupMenu(const Menu& menu, ScreenPoint) override {
+        menuItems.clear();
+        for (const MenuItem& each : menu.items())
+            menuItems.push_back(each.id);
         ask(u"menu");
         if (menus_.empty())
             return 0;

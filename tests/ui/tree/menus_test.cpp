@@ -1,0 +1,146 @@
+// The commands' table, the menus made of it, and the ways to give a command.
+#include "resources/messages.h"
+#include "tests/ui/tree/commands_fixture.h"
+
+#include <map>
+#include <set>
+
+namespace ryv::test {
+namespace {
+
+class Menus : public CommandsFixture {
+protected:
+    /// "201 !209 | Publish(238)": "!" in front of what cannot be chosen.
+    static std::string text(const Menu& menu) {
+        std::string all;
+        for (const MenuItem& item : menu.items()) {
+            all += all.empty() ? "" : " ";
+            if (item.separator)
+                all += "|";
+            else if (item.submenu)
+                all += "(" + text(*item.submenu) + ")";
+            else
+                all += (item.enabled ? "" : "!") + std::to_string(item.id);
+        }
+        return all;
+    }
+    std::string menu() { return text(*tree->CreateContextMenu()); }
+};
+
+TEST_F(Menus, table_hasEveryNumberOnceWithATextAndAHandler) {
+    std::set<int> ids;
+    for (const TreeCommand& command : treeCommands()) {
+        ids.insert(command.id);
+        EXPECT_FALSE(messageText(command.text).empty()) << command.id;
+        EXPECT_TRUE(command.isEnabled && command.handler) << command.id;
+    }
+    EXPECT_EQ(ids.size(), treeCommands().size());
+    EXPECT_EQ(ids, (std::set<int>{201, 202, 203, 205, 207, 209, 210, 211, 212, 214, 215, 217, 219, 225, 226,
+                       227, 238, 240, 241, 244, 245, 247, 248, 249, 250, 251, 252, 255, 259, 1131, 1132, 1135,
+                       1136, 1137, 1138, 1139, 1140, 1141, 1142, 1143, 1144, 1145, 1146, 1147, 1149, 1156}));
+}
+
+TEST_F(Menus, letters_areDifferentInEachMenu) {
+    for (const TreeMenu each :
+        {TreeMenu::emptyArea, TreeMenu::project, TreeMenu::subfolder, TreeMenu::drawing}) {
+        std::map<char16_t, int> letters;
+        for (const int command : commandsOf(each)) {
+            if (!findTreeCommand(command))
+                continue;
+            const CStringView label = messageText(findTreeCommand(command)->text);
+            const std::size_t mark = label.find(u'&');
+            ASSERT_LT(mark + 1, label.size()) << command;
+            EXPECT_EQ(letters.emplace(toUpper(label[mark + 1]), command).first->second, command);
+        }
+    }
+}
+
+TEST_F(Menus, followTheSelection) {
+    const char* const project =
+        "!201 !209 | 203 210 211 | 255 212 !244 214 1144 | 1147 1143 1145 1146 | !215 "
+        "(238 240 241) | 1131 1132 | 219 !250 217";
+    struct Case {
+        std::vector<const char16_t*> selected;
+        const char* menu;
+    };
+    const Case cases[] = {{{}, "251 259 | 252"}, {{u"A"}, project},
+        {{u"S"}, "1135 1136 1137 | 1147 | 1138 1139 | !1140 | 1141 1142"},
+        {{u"T", u"S"}, "1135 1136 1137 | 1147 | !1138 1139 | !1140 | 1141 1142"},
+        {{u"a.dwg"}, "202 !205 207 | 227 226 225 | 245 !1156 !247 !248 249"},
+        {{u"a.dwg", u"b.dwg"}, "202 !205 !207 | !227 !226 225 | !245 !1156 !247 !248 !249"},
+        {{u"S", u"a.dwg"}, "202 !205 !207 | !227 !226 1149 | !245 !1156 !247 !248 !249"}};
+    for (const Case& each : cases) {
+        std::vector<TreeItem*> items;
+        for (const char16_t* const label : each.selected) {
+            tree->ensureVisible(row(label));
+            items.push_back(&row(label));
+        }
+        tree->setSelection(items);
+        EXPECT_EQ(menu(), each.menu) << selected();
+    }
+    EXPECT_EQ(tree->CreateContextMenu()->defaultItem(), 202);
+}
+
+TEST_F(Menus, whatCannotApply_isDisabled) {
+    const CString other = open("B", "");
+    select({u"B"});
+    EXPECT_EQ(menu(), "201 209 | 203 !210 !211 | !255 212 !244 !214 1144 | !1147 !1143 !1145 !1146 | !215 "
+                      "(!238 !240 !241) | 1131 1132 | 219 !250 !217");
+    EXPECT_FALSE(tree->runCommand(1143));
+    EXPECT_FALSE(tree->runCommand(4711));
+    surroundings.documents.openDocument(path("new.dwg"));
+    files.put(path("A_update.mdb"), "tasks");
+    select({u"A"});
+    EXPECT_TRUE(tree->CreateContextMenu()->find(244)->enabled);
+    EXPECT_TRUE(tree->CreateContextMenu()->find(215)->enabled);
+    EXPECT_TRUE(tree->CreateContextMenu()->find(209)->enabled);
+    surroundings.documents.openDocument(path("A.DWG"));
+    select({u"a.dwg"});
+    EXPECT_TRUE(tree->CreateContextMenu()->find(205)->enabled);
+    files.erase(path("a.dwg"));
+    EXPECT_EQ(menu(), "!202 205 !207 | !227 226 225 | !245 !1156 !247 !248 !249") << "the file is gone";
+    manager->closeProject(id, true);
+    EXPECT_EQ(menu(), "251 259 | !252");
+}
+
+TEST_F(Menus, commandThatTheEndOfAnEditTakesAway_doesNotRun) {
+    select({u"a.dwg"});
+    ASSERT_TRUE(tree->editLabel(row(u"a.dwg")));
+    reRead("A", "b.dwg\n");
+    EXPECT_FALSE(tree->runCommand(226));
+    EXPECT_TRUE(surroundings.ui.asked.empty());
+}
+
+TEST_F(Menus, choice_runsOnTheRowsThatTheMenuWasFor) {
+    select({u"a.dwg"});
+    surroundings.ui.answerMenu(202);
+    tree->contextMenu(&row(u"b.dwg"), {3, 4});
+    EXPECT_EQ(surroundings.documents.sentTexts(), CStringArray{u"_.open \"C:\\P\\b.dwg\"\r"});
+    surroundings.ui.answerMenu(202);
+    surroundings.ui.meanwhile = [this] { select({u"a.dwg"}); };
+    tree->contextMenu(&row(u"b.dwg"), {3, 4});
+    EXPECT_EQ(surroundings.documents.sent.size(), 1u);
+}
+
+TEST_F(Menus, keysAndClicks_giveCommands) {
+    select({u"a.dwg"});
+    EXPECT_TRUE(tree->key(TreeKeyCode::enter));
+    tree->doubleClick(row(u"b.dwg"));
+    EXPECT_EQ(surroundings.documents.sent.size(), 2u);
+    surroundings.documents.setQuiescent(surroundings.documents.currentDocument(), false);
+    tree->doubleClick(row(u"a.dwg"));
+    EXPECT_EQ(surroundings.documents.sent.size(), 2u);
+    EXPECT_EQ(surroundings.ui.asked, CStringArray{u"message 465"});
+    select({u"S"});
+    const bool expanded = row(u"S").expanded();
+    EXPECT_TRUE(tree->key(TreeKeyCode::enter));
+    EXPECT_NE(row(u"S").expanded(), expanded);
+    surroundings.ui.answerTask(u"RyvPageMan.RemoveSubfoldersAndDrawings", 6);
+    EXPECT_TRUE(tree->key(TreeKeyCode::remove));
+    EXPECT_EQ(onDisk(), "b.dwg a.dwg");
+    select({u"A"});
+    EXPECT_FALSE(tree->key(TreeKeyCode::remove));
+}
+
+} // namespace
+} // namespace ryv::test

@@ -1,0 +1,67 @@
+// Single rows of the project tree.
+#include "ui/tree/project_tree.h"
+
+#include "base/fold.h"
+#include "base/text.h"
+
+namespace ryv {
+
+TreeRow CProjectTree::drawingRow(const RyvPrmFileDetails& details, CString label, CString sheet) const {
+    TreeRow row{std::move(label), details.isReferenceOnly() ? referenceImage : drawingImage};
+    if (auto record = NewDwgDataStruct()) {
+        record->type = TreeItemType::drawing;
+        record->key = replaceAll(details.getFileName(), u'/', u'\\');
+        record->details = details;
+        record->sheet = std::move(sheet);
+        row.data = std::move(record);
+    }
+    return row;
+}
+
+TreeRow CProjectTree::subfolderRow(CStringView name) const {
+    TreeRow row{CString(name), subfolderImage};
+    if (auto record = NewSubfolderDataStruct()) {
+        record->type = TreeItemType::subfolder;
+        record->key = name;
+        record->subfolder.setName(CString(name));
+        row.data = std::move(record);
+    }
+    return row;
+}
+
+TreeItem* CProjectTree::InsertProjectItem(CStringView projectId) {
+    const RyvPrmProjectManager* const manager = GetProjectManager();
+    TreeRow row{{}, projectImage};
+    if (manager) {
+        manager->makeProjectPrettyNameFromID(projectId, row.label);
+        row.bold = manager->isActiveProject(projectId);
+    }
+    if (auto record = NewProjDataStruct()) {
+        record->type = TreeItemType::project;
+        record->key = replaceAll(projectId, u'/', u'\\');
+        row.data = std::move(record);
+    }
+    const bool isBare = !row.data;
+    TreeItem& item = insert(nullptr, atEnd, std::move(row));
+    if (isBare)
+        bareProjects_.emplace(&item, replaceAll(projectId, u'/', u'\\'));
+    return &item;
+}
+
+TreeItem* CProjectTree::InsertSubfolderItem(
+    CStringView name, TreeItem& parent, bool& alreadyExists, std::size_t row, bool mustBeNew) {
+    alreadyExists = false;
+    for (TreeItem* item = parent.firstChild(); item; item = item->next())
+        if (GetItemType(item) == TreeItemType::subfolder && equalNoCase(item->label(), name)) {
+            alreadyExists = true;
+            return mustBeNew ? nullptr : item;
+        }
+    return &insert(&parent, row, subfolderRow(name));
+}
+
+TreeItem* CProjectTree::InsertDwgItem(
+    const RyvPrmFileDetails& details, CString label, CString sheet, TreeItem& parent, std::size_t row) {
+    return &insert(&parent, row, drawingRow(details, std::move(label), std::move(sheet)));
+}
+
+} // namespace ryv
