@@ -238,6 +238,22 @@ bool Documents::isQuiescent(DocumentId id) {
            !parts_.commandLine->isWaiting(id);
 }
 
+DocumentId Documents::documentOfFile(ryv::CStringView path) {
+    const Document* const document = findFile(path);
+    return document ? document->id : DocumentId::none;
+}
+
+ryv::FileStatus Documents::renameFile(DocumentId id, ryv::CStringView newPath) {
+    Document* const document = find(id);
+    if (!document || !document->isNamed)
+        return {ryv::FileError::missing, 0};
+    const ryv::CString full = parts_.paths->fullPath(newPath);
+    const ryv::FileStatus status = document->drawing->rename(full);
+    if (status.ok())
+        document->name = full;
+    return status;
+}
+
 void Documents::sendStringToExecute(DocumentId id, ryv::CStringView text, ryv::CommandStringOptions options) {
     if (find(id))
         parts_.commandLine->send(id, text, options);

@@ -107,6 +107,8 @@ public:
     ryv::CString fileName(ryv::DocumentId document) override;
     bool isNamed(ryv::DocumentId document) override;
     bool isQuiescent(ryv::DocumentId document) override;
+    ryv::DocumentId documentOfFile(ryv::CStringView path) override;
+    ryv::FileStatus renameFile(ryv::DocumentId document, ryv::CStringView newPath) override;
     void sendStringToExecute(
         ryv::DocumentId document, ryv::CStringView text, ryv::CommandStringOptions options) override;
     void executeInApplicationContext(std::function<void()> work) override;

@@ -84,6 +84,20 @@ MonitorOptions Host::monitorOptions() {
     return options;
 }
 
+/// Other programs of the host lie beside it.
+ProjectDatabaseParts Host::databaseParts() {
+    ryv::Platform& ports = os_.platform();
+    ProjectDatabaseParts parts;
+    parts.paths = ports.os.paths;
+    parts.folders = &folders_;
+    parts.updates = {ports.os.files, &loop_, ports.os.clock,
+        [this](ryv::CStringView line) { printError(ryv::CString(line) + u"\n"); }};
+    std::error_code error;
+    const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", error);
+    parts.reader.program = (self.parent_path() / "drafta-mdb-reader").string();
+    return parts;
+}
+
 TextTerminal Host::terminal() {
     return {[this](ryv::CStringView text) { print(text); },
         [this](ryv::CStringView text) { printError(text); },
@@ -120,9 +134,20 @@ void Host::fillPlatform() {
     ports.services.clientManager = &clientManager_;
     ports.services.waitCursor = &waitCursor_;
     ports.services.menuHook = &menuHook_;
+    ports.services.projectDatabase = &projectDatabase_;
     if (options_.logsEvents)
         ports.services.eventLog = &eventLog_;
     ports.ui = &userInterface_;
+}
+
+void Host::setFrontEnd(FrontEnd frontEnd) {
+    frontEnd_ = std::move(frontEnd);
+    platform().ui = frontEnd_.userInterface;
+    platform().services.waitCursor = frontEnd_.waitCursor;
+}
+
+bool Host::hasOpenDialog() const {
+    return userInterface_.hasOpenDialog() || (frontEnd_.hasOpenDialog && frontEnd_.hasOpenDialog());
 }
 
 /// What the user has put into the profile is found before what the product brings.
@@ -346,6 +371,11 @@ bool Host::readScript(ryv::CStringView path, ryv::CString& text) {
     ryv::TextEncoding encoding{};
     text = ryv::decodeDetecting(bytes.view(), encoding);
     return true;
+}
+
+void Host::breathe() {
+    if (options_.breathe)
+        options_.breathe();
 }
 
 void Host::print(ryv::CStringView text) {

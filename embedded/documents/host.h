@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/encoding.h"
+#include "embedded/database/host_project_database.h"
 #include "embedded/documents/command_line.h"
 #include "embedded/documents/documents.h"
 #include "embedded/documents/drawings_port.h"
@@ -12,7 +13,7 @@
 #include "embedded/loop/epoll_message_loop.h"
 #include "embedded/monitor/inotify_monitor.h"
 #include "embedded/os/posix_platform.h"
-#include "embedded/palettes/headless_main_window.h"
+#include "embedded/palettes/main_window.h"
 #include "embedded/palettes/palette_framework.h"
 #include "embedded/registry/file_registry.h"
 #include "embedded/services/catalog_browser.h"
@@ -37,6 +38,8 @@ struct HostOptions {
     std::function<void(std::string_view)> printError; ///< beside it
     /// A line from the person in front of the terminal, without its end; nothing when nobody is there.
     std::function<std::optional<std::string>(std::string_view prompt)> readLine;
+    /// Called in the middle of long LISP when Host::requestBreath() asked for it.
+    std::function<void()> breathe = nullptr;
     bool logsEvents = false;     ///< what happens to projects goes to printError
     Screen screen{};             ///< that the main window stands on
     bool isInBackground = false; ///< the host works for another program and shows no palettes
@@ -59,6 +62,21 @@ public:
     CommandLine& commandLine() noexcept { return commandLine_; }
     TextUserInterface& userInterface() noexcept { return userInterface_; }
     PaletteFramework& palettes() noexcept { return palettes_; }
+    HostProjectDatabase& projectDatabase() noexcept { return projectDatabase_; }
+    MainWindow& mainWindow() noexcept { return mainWindow_; }
+
+    /// Lets a window ask the questions, show the wait cursor and say whether a dialog is open in it; before
+    /// modules are loaded. They outlive the host.
+    struct FrontEnd {
+        ryv::UserInterface* userInterface;
+        ryv::WaitCursor* waitCursor;
+        std::function<bool()> hasOpenDialog;
+    };
+    void setFrontEnd(FrontEnd frontEnd);
+
+    /// A question of the window stands, or no longer does; they nest. Meanwhile messages are handled, and
+    /// queued commands wait.
+    void questionStands(bool stands) noexcept { questions_ += stands ? 1 : -1; }
 
     /// Makes a document of the product's template, or opens a drawing; false after a failure, which is
     /// printed.
@@ -98,6 +116,13 @@ public:
     /// Breaks off what runs. May be called from a signal handler.
     void interrupt() noexcept;
 
+    /// Has LISP that is at work call HostOptions::breathe once, soon. May be called from a signal handler of
+    /// the main thread.
+    void requestBreath() noexcept { lispAtWork_.requestBreath(); }
+
+    /// Saves where the palettes are, as the host does at its end.
+    void keepLayouts();
+
     /// Asks to leave, as the command QUIT does.
     void quit();
 
@@ -113,6 +138,7 @@ private:
     Documents::Parts documentParts();
     TextTerminal terminal();
     MonitorOptions monitorOptions();
+    ProjectDatabaseParts databaseParts();
     ryv::CString inProfile(std::string_view name);
     ryv::CString inProduct(std::string_view name);
     std::function<void(ryv::CStringView)> warning();
@@ -127,6 +153,7 @@ private:
     void tell(const ryv::DrawingResult& result);
     void tellOf(ryv::CStringView done);
     bool keepChanges();
+    bool hasOpenDialog() const;
     bool mayReplace(ryv::CStringView path);
     std::size_t lispErrors();
     bool makeProjectActive(ryv::CStringView path);
@@ -144,7 +171,7 @@ private:
     void runSetVariable();
     void definePaletteCommands();
     void setCleanScreen(bool clean);
-    void keepLayouts();
+
     void runShowPalettes();
     void runPalette();
     void runSaveWorkspace();
@@ -171,6 +198,7 @@ private:
 
     // CommandLineSite, lisp::Services and ryv::HostConsole
     void print(ryv::CStringView text) override;
+    void breathe() override;
 
     // lisp::Services
     ryv::Files& files() override { return *platform().os.files; }
@@ -198,10 +226,11 @@ private:
         [this](ryv::CStringView line) { printError(shown(ryv::CString(line)) + u"\n"); }};
     RegistrySettings settings_{registry_, u"Software\\drafta\\Package"};
     ProfileFolders folders_{settings_, inProfile("")};
+    HostProjectDatabase projectDatabase_{databaseParts()};
     ToldCatalogBrowser catalogBrowser_;
     TaskDialogCatalogue taskDialogs_{
         *os_.platform().os.files, inProduct("resources/TaskDialogs.xaml"), warning()};
-    HeadlessMainWindow mainWindow_{
+    MainWindow mainWindow_{
         loop_, options_.screen, options_.isInBackground, [this] { return documents_.hasCurrentDocument(); }};
     Workspace workspace_{*os_.platform().os.files, inProfile("workspace.xml"), warning()};
     PaletteFramework palettes_{{loop_, mainWindow_, workspace_, warning()}};
@@ -218,6 +247,7 @@ private:
     Editor editor_;
     SearchPath searchPath_;
     TextUserInterface userInterface_{terminal()};
+    FrontEnd frontEnd_{};
     LispHost lispHost_;
     ryv::CString templateFolder_;
     std::map<ryv::CString, ryv::CString> environment_;

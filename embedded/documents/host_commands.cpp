@@ -120,7 +120,7 @@ bool Host::mayReplace(ryv::CStringView path) {
     request.caption = u"drafta";
     request.icon = ryv::MessageIcon::warning;
     request.buttons = ryv::MessageButtons::yesNo;
-    return userInterface_.messageBox(request) == ryv::Answer::yes;
+    return platform().ui->messageBox(request) == ryv::Answer::yes;
 }
 
 /// True when the current document may end: it has no changes, they were saved, or they are not wanted.
@@ -134,7 +134,7 @@ bool Host::keepChanges() {
     request.caption = u"drafta";
     request.icon = ryv::MessageIcon::question;
     request.buttons = ryv::MessageButtons::yesNoCancel;
-    const ryv::Answer answer = userInterface_.messageBox(request);
+    const ryv::Answer answer = platform().ui->messageBox(request);
     if (answer != ryv::Answer::yes)
         return answer == ryv::Answer::no;
     if (!document->isNamed)
@@ -152,7 +152,7 @@ void Host::runClose() {
 }
 
 void Host::runQuit() {
-    if (questions_ > 0 || userInterface_.hasOpenDialog()) {
+    if (questions_ > 0 || hasOpenDialog()) {
         print(u"\nA question is open: the host cannot end now.\n");
         return;
     }
@@ -206,7 +206,8 @@ void Host::runHelp() {
     std::sort(names.begin(), names.end());
     names.erase(std::unique(names.begin(), names.end()), names.end());
     print(u"\nCommands:\n" + inColumns(names) +
-          u"A line that begins with \"(\" is LISP. Ctrl-C breaks off what runs, QUIT leaves.\n");
+          u"A line that begins with \"(\" is LISP. Ctrl-C, or Esc in the window, breaks off what runs; QUIT "
+          u"leaves.\n");
 }
 
 } // namespace drafta

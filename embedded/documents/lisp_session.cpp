@@ -12,6 +12,11 @@ void LispAtWork::interrupt() noexcept {
         interpreter->interrupt();
 }
 
+void LispAtWork::requestBreath() noexcept {
+    if (lisp::Interpreter* const interpreter = innermost.load())
+        interpreter->requestBreath();
+}
+
 /// LISP of one document may start that of another. An interrupt ends the innermost; each one that ends hands
 /// it on to the one around it, and the outermost ends the interrupt.
 class LispSession::Run {

@@ -15,6 +15,10 @@ struct LispAtWork {
     /// Ends what runs with an error, in all interpreters that are at work. May be called from a signal
     /// handler.
     void interrupt() noexcept;
+
+    /// Lets the innermost of them call lisp::Services::breathe() soon. May be called from a signal handler of
+    /// the interpreters' own thread.
+    void requestBreath() noexcept;
 };
 
 /// What is made of the value of an expression.

@@ -45,6 +45,10 @@ Value Interpreter::call(Value function, Arguments arguments) {
     return machine_->call(function, arguments);
 }
 
+void Interpreter::requestBreath() noexcept {
+    machine_->requestBreath();
+}
+
 void Interpreter::interrupt() noexcept {
     machine_->interrupt();
 }

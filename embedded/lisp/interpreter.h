@@ -82,6 +82,9 @@ public:
     void interrupt() noexcept;
     void clearInterrupt() noexcept;
 
+    /// Has the code under way call Services::breathe() once, soon. May be called from any thread.
+    void requestBreath() noexcept;
+
     // Functions of the host.
 
     /// Makes `name` a native function that takes from `least` to `most` arguments.

@@ -73,10 +73,17 @@ void Machine::interrupt() noexcept {
     attention_.store(true);
 }
 
+void Machine::requestBreath() noexcept {
+    wantsBreath_.store(true);
+    attention_.store(true);
+}
+
 /// The flag is lowered before its causes are looked at, so that one raised meanwhile is not lost.
 void Machine::attend(const Site* site) {
     site_ = site;
     attention_.store(limits_.steps > 0 || limits_.collectAlways);
+    if (wantsBreath_.exchange(false))
+        services_->breathe();
     checkInterruption();
     if (limits_.collectAlways || heap_.wantsCollection())
         collect();

@@ -169,6 +169,7 @@ public:
     void enter(const Site& site) noexcept { site_ = &site; }
     void interrupt() noexcept;
     void clearInterrupt() noexcept { interrupted_.store(false); }
+    void requestBreath() noexcept;
     void collect();
 
     [[noreturn]] void failTooDeep() const;
@@ -203,6 +204,7 @@ private:
     Limits limits_;
     std::atomic<bool> attention_{false};
     std::atomic<bool> interrupted_{false};
+    std::atomic<bool> wantsBreath_{false};
     Heap heap_;
     SymbolTable symbols_;
     RootLink roots_;

@@ -16,6 +16,10 @@ public:
     /// Prints on the command line as it stands; "\n" begins a new line.
     virtual void print(ryv::CStringView text) = 0;
 
+    /// Called in the middle of long work, when Interpreter::requestBreath() asked for it: to show that
+    /// something is at work, say. Runs no LISP.
+    virtual void breathe() {}
+
     /// The files that (open) and (load) work on, and what makes relative paths absolute.
     virtual ryv::Files& files() = 0;
     virtual ryv::SystemPaths& paths() = 0;

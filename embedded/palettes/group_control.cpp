@@ -15,11 +15,21 @@ int GroupControl::findPage(ryv::CStringView caption) const noexcept {
 void GroupControl::addPage(ryv::CStringView caption, ryv::Control& content) {
     pages_.push_back({ryv::CString(caption), &content});
     selected_ = std::max(selected_, 0);
+    changed.fire();
 }
 
 void GroupControl::selectPage(int index) {
-    if (index >= 0 && static_cast<std::size_t>(index) < pages_.size())
-        selected_ = index;
+    if (index < 0 || static_cast<std::size_t>(index) >= pages_.size() || index == selected_)
+        return;
+    selected_ = index;
+    changed.fire();
+}
+
+void GroupControl::setMinimized(bool minimized) {
+    if (minimized_ == minimized)
+        return;
+    minimized_ = minimized;
+    changed.fire();
 }
 
 } // namespace drafta

@@ -1,6 +1,7 @@
 // A group control of a palette.
 #pragma once
 
+#include "base/event.h"
 #include "platform/host/palettes.h"
 
 #include <vector>
@@ -15,6 +16,9 @@ public:
     };
     const std::vector<Page>& pages() const noexcept { return pages_; }
 
+    /// What a view shows is different: pages, which one is selected, whether it is minimized.
+    ryv::Event<> changed;
+
     /// The page with a caption, without regard to case; -1 when there is none.
     int findPage(ryv::CStringView caption) const noexcept;
 
@@ -23,7 +27,7 @@ public:
     int selectedPage() override { return selected_; }
     void selectPage(int index) override;
     bool isMinimized() override { return minimized_; }
-    void setMinimized(bool minimized) override { minimized_ = minimized; }
+    void setMinimized(bool minimized) override;
     int style() override { return style_; }
     void setStyle(int style) override { style_ = style; }
 

@@ -1,4 +1,4 @@
-#include "embedded/palettes/headless_main_window.h"
+#include "embedded/palettes/main_window.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,16 +13,16 @@ constexpr int commandLineHeight = 80;
 
 } // namespace
 
-HeadlessMainWindow::HeadlessMainWindow(
+MainWindow::MainWindow(
     ryv::MessageLoop& loop, const Screen& screen, bool isInBackground, std::function<bool()> hasDocument)
     : loop_(loop), screen_(screen), isInBackground_(isInBackground), hasDocument_(std::move(hasDocument)),
       window_(loop.createWindow(*this)) {}
 
-HeadlessMainWindow::~HeadlessMainWindow() {
+MainWindow::~MainWindow() {
     loop_.destroyWindow(window_);
 }
 
-void HeadlessMainWindow::setTheme(ryv::HostTheme theme) {
+void MainWindow::setTheme(ryv::HostTheme theme) {
     if (theme_ == theme)
         return;
     theme_ = theme;
@@ -32,16 +32,38 @@ void HeadlessMainWindow::setTheme(ryv::HostTheme theme) {
             (*observer)->themeChanged();
 }
 
-bool HeadlessMainWindow::documentArea(ryv::ScreenRectangle& area) {
+ryv::ScreenRectangle MainWindow::rectangle() {
+    return view_ ? view_->rectangle() : ryv::ScreenRectangle{0, 0, screen_.width, screen_.height};
+}
+
+ryv::DpiFactors MainWindow::dpiFactors() {
+    return view_ ? view_->dpiFactors() : ryv::DpiFactors{factor(), factor()};
+}
+
+int MainWindow::screenHeight() {
+    return view_ ? view_->screenHeight() : screen_.height;
+}
+
+void MainWindow::focus() {
+    ++focusCount_;
+    if (view_)
+        view_->focus();
+}
+
+bool MainWindow::documentArea(ryv::ScreenRectangle& area) {
     if (!hasDocument_())
         return false;
+    if (view_) {
+        area = view_->documentArea();
+        return true;
+    }
     const int top = static_cast<int>(std::lround(barsHeight * factor()));
     const int bottom = static_cast<int>(std::lround(commandLineHeight * factor()));
     area = {0, top, screen_.width, std::max(0, screen_.height - top - bottom)};
     return true;
 }
 
-void HeadlessMainWindow::add(ryv::ThemeObserver& observer) {
+void MainWindow::add(ryv::ThemeObserver& observer) {
     if (std::find(observers_.begin(), observers_.end(), &observer) == observers_.end())
         observers_.push_back(&observer);
 }

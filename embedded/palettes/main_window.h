@@ -1,4 +1,4 @@
-// The main window of a host that draws nothing: it has a place on a screen that is only described.
+// The host's main window: one that a view draws, or one that nobody sees, on a screen that is only described.
 #pragma once
 
 #include "embedded/palettes/screen.h"
@@ -9,16 +9,34 @@
 
 namespace drafta {
 
-/// The window fills the screen. Its theme is light until another one is set.
-class HeadlessMainWindow final : public ryv::HostMainWindow, private ryv::MessageReceiver {
+/// What draws a main window.
+class MainWindowView {
+public:
+    virtual ~MainWindowView() = default;
+
+    /// All in pixels of the screen.
+    virtual ryv::ScreenRectangle rectangle() = 0;
+    virtual ryv::ScreenRectangle documentArea() = 0;
+    virtual int screenHeight() = 0;
+    virtual ryv::DpiFactors dpiFactors() = 0;
+
+    /// Takes the keyboard.
+    virtual void focus() = 0;
+};
+
+/// Without a view the window fills the screen. Its theme is light until another one is set.
+class MainWindow final : public ryv::HostMainWindow, private ryv::MessageReceiver {
 public:
     /// The loop outlives the window. `hasDocument` says whether a document is open. In the background the
     /// window is there all the same, for those that want a parent.
-    HeadlessMainWindow(
+    MainWindow(
         ryv::MessageLoop& loop, const Screen& screen, bool isInBackground, std::function<bool()> hasDocument);
-    HeadlessMainWindow(const HeadlessMainWindow&) = delete;
-    HeadlessMainWindow& operator=(const HeadlessMainWindow&) = delete;
-    ~HeadlessMainWindow() override;
+    MainWindow(const MainWindow&) = delete;
+    MainWindow& operator=(const MainWindow&) = delete;
+    ~MainWindow() override;
+
+    /// Lets a view draw the window, which outlives that or takes itself off; null for nobody.
+    void setView(MainWindowView* view) noexcept { view_ = view; }
 
     /// Gives the host another look, and tells the observers when it is another one.
     void setTheme(ryv::HostTheme theme);
@@ -27,13 +45,13 @@ public:
     int focusCount() const noexcept { return focusCount_; }
 
     ryv::WindowHandle window() override { return window_; }
-    ryv::ScreenRectangle rectangle() override { return {0, 0, screen_.width, screen_.height}; }
-    /// What the bars above and the command line below leave of the window.
+    ryv::ScreenRectangle rectangle() override;
+    /// Without a view, what the bars above and the command line below would leave of the window.
     bool documentArea(ryv::ScreenRectangle& area) override;
-    void focus() override { ++focusCount_; }
+    void focus() override;
     bool isInBackground() override { return isInBackground_; }
-    ryv::DpiFactors dpiFactors() override { return {factor(), factor()}; }
-    int screenHeight() override { return screen_.height; }
+    ryv::DpiFactors dpiFactors() override;
+    int screenHeight() override;
     ryv::HostTheme theme() override { return theme_; }
     void add(ryv::ThemeObserver& observer) override;
     void remove(ryv::ThemeObserver& observer) override { std::erase(observers_, &observer); }
@@ -46,6 +64,7 @@ private:
     ryv::MessageLoop& loop_;
     Screen screen_;
     bool isInBackground_;
+    MainWindowView* view_ = nullptr;
     std::function<bool()> hasDocument_;
     ryv::WindowHandle window_;
     ryv::HostTheme theme_ = ryv::HostTheme::light;

@@ -11,13 +11,16 @@ public:
     Palette(ryv::HostMainWindow& mainWindow, ryv::CStringView name)
         : mainWindow_(mainWindow), name_(name), theme_(mainWindow.theme()) {}
 
+    /// What a view shows is different: the header, how the height is shared out.
+    ryv::Event<> changed;
+
     /// What stands above the groups; null when nothing does.
     ryv::Control* header() const noexcept { return header_; }
     /// The looks that the palette has taken on.
     ryv::HostTheme theme() const noexcept { return theme_; }
 
     ryv::CString name() override { return name_; }
-    void setHeader(ryv::Control& content) override { header_ = &content; }
+    void setHeader(ryv::Control& content) override;
     GroupControl& top() override { return top_; }
     GroupControl& bottom() override { return bottom_; }
     double topToWholeRatio() override { return ratio_; }

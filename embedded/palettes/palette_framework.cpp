@@ -10,6 +10,16 @@ std::unique_ptr<ryv::HostPaletteSet> PaletteFramework::newPaletteSet(ryv::Palett
     return std::make_unique<PaletteSet>(*this, client);
 }
 
+void PaletteFramework::enter(PaletteSet& set) {
+    sets_.push_back(&set);
+    setsChanged.fire();
+}
+
+void PaletteFramework::leave(PaletteSet& set) {
+    std::erase(sets_, &set);
+    setsChanged.fire();
+}
+
 void PaletteFramework::registerTool(const ryv::HostTool& tool) {
     const auto old = std::find_if(tools_.begin(), tools_.end(),
         [&tool](const ryv::HostTool& each) { return ryv::equalNoCase(each.id, tool.id); });

@@ -20,6 +20,9 @@ public:
     PaletteFramework(const PaletteFramework&) = delete;
     PaletteFramework& operator=(const PaletteFramework&) = delete;
 
+    /// A palette set has come, or is about to end and is no longer among the sets.
+    ryv::Event<> setsChanged;
+
     /// In the order in which they were made.
     const std::vector<PaletteSet*>& sets() const noexcept { return sets_; }
     const std::vector<ryv::HostTool>& tools() const noexcept { return tools_; }
@@ -37,8 +40,8 @@ public:
     /// For the palette sets.
     ryv::MessageLoop& loop() const noexcept { return parts_.loop; }
     ryv::HostMainWindow& mainWindow() const noexcept { return parts_.mainWindow; }
-    void enter(PaletteSet& set) { sets_.push_back(&set); }
-    void leave(PaletteSet& set) noexcept { std::erase(sets_, &set); }
+    void enter(PaletteSet& set);
+    void leave(PaletteSet& set);
     /// Lets the set take on its layout when the host handles its messages, if it is still there then.
     void expectLayout(PaletteSet& set);
     bool applyLayout(PaletteSet& set);

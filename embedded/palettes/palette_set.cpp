@@ -29,7 +29,7 @@ PaletteSet::PaletteSet(PaletteFramework& framework, ryv::PaletteSetClient& clien
 
 PaletteSet::~PaletteSet() {
     framework_.loop().destroyWindow(window_);
-    framework_.leave(*this);
+    framework_.leave(*this); // views let go of it
 }
 
 /// Anybody may end a window who knows its handle.
@@ -50,13 +50,13 @@ bool PaletteSet::createWindow(const ryv::PaletteSetWindow& description) {
     awaitsLayout_ = hasWindow();
     if (awaitsLayout_)
         framework_.expectLayout(*this);
+    changed.fire();
     return hasWindow();
 }
 
 void PaletteSet::applySavedLayout() {
-    if (!std::exchange(awaitsLayout_, false))
-        return;
-    framework_.applyLayout(*this);
+    if (awaitsLayout_)
+        framework_.applyLayout(*this);
 }
 
 void PaletteSet::enableDocking(std::uint32_t sides) {
@@ -66,16 +66,30 @@ void PaletteSet::enableDocking(std::uint32_t sides) {
 }
 
 void PaletteSet::show(bool shown) {
-    if (shown && hasWindow())
-        applySavedLayout();
+    if (shown && hasWindow()) {
+        applySavedLayout(); // again, when it was taken on before: the client may have placed the set since
+        awaitsLayout_ = false;
+    }
     visible_ = shown && hasWindow();
     wasShown_ = wasShown_ || visible_;
+    changed.fire();
+}
+
+void PaletteSet::setName(ryv::CStringView name) {
+    name_ = name;
+    changed.fire();
+}
+
+void PaletteSet::rollOut() {
+    rolledUp_ = false;
+    changed.fire();
 }
 
 bool PaletteSet::dockAt(Dock dock) {
     if (!hasWindow() || (sideOf(dock) & sides_) == 0)
         return false;
     dock_ = dock;
+    changed.fire();
     return true;
 }
 
@@ -84,6 +98,7 @@ bool PaletteSet::floatAt(const ryv::ScreenRectangle& rectangle) {
         return false;
     dock_ = Dock::floating;
     rectangle_ = rectangle;
+    changed.fire();
     return true;
 }
 
@@ -92,19 +107,24 @@ bool PaletteSet::setRollsUp(bool rollsUp) {
         return false;
     rollsUp_ = rollsUp;
     rolledUp_ = rollsUp;
+    changed.fire();
     return true;
 }
 
 bool PaletteSet::selectPalette(int index) {
     const bool isThere = index >= 0 && static_cast<std::size_t>(index) < palettes_.size();
-    if (isThere && hasWindow())
-        active_ = index;
-    return isThere && hasWindow();
+    if (!isThere || !hasWindow())
+        return false;
+    active_ = index;
+    changed.fire();
+    return true;
 }
 
 ryv::HostPalette& PaletteSet::addPalette(ryv::CStringView name) {
     active_ = std::max(active_, 0);
-    return *palettes_.emplace_back(std::make_unique<Palette>(framework_.mainWindow(), name));
+    Palette& added = *palettes_.emplace_back(std::make_unique<Palette>(framework_.mainWindow(), name));
+    changed.fire();
+    return added;
 }
 
 bool PaletteSet::removePalette(ryv::HostPalette& palette) {
@@ -113,8 +133,10 @@ bool PaletteSet::removePalette(ryv::HostPalette& palette) {
     if (hit == palettes_.end())
         return false;
     const bool isBeforeActive = hit - palettes_.begin() < active_;
+    const std::unique_ptr<Palette> removed = std::move(*hit); // until views have let go of it
     palettes_.erase(hit);
     active_ = std::min(active_ - (isBeforeActive ? 1 : 0), static_cast<int>(palettes_.size()) - 1);
+    changed.fire();
     return true;
 }
 
@@ -130,6 +152,8 @@ bool PaletteSet::save(ryv::WorkspaceNode& node) {
     own.setInteger(u"height", rectangle_.height);
     own.setInteger(u"rollsUp", rollsUp_ ? 1 : 0);
     own.setInteger(u"tab", active_);
+    if (dockedSize_ > 0)
+        own.setInteger(u"dockedSize", dockedSize_);
     return true;
 }
 
@@ -143,6 +167,8 @@ bool PaletteSet::load(const ryv::WorkspaceNode& node) {
     const std::optional<Dock> dock = own->string(u"dock", word) ? dockNamed(word) : std::nullopt;
     if (!dock || !readRectangle(*own, place) || !own->integer(u"rollsUp", rollsUp))
         return false;
+    if (std::int32_t size = 0; own->integer(u"dockedSize", size))
+        dockedSize_ = std::max(0, size);
     floatAt(onScreen(place));
     dockAt(*dock);
     setRollsUp(rollsUp != 0);

@@ -19,6 +19,9 @@ public:
     PaletteSet& operator=(const PaletteSet&) = delete;
     ~PaletteSet() override;
 
+    /// What a view shows is different: the window, its place, its palettes and which one is selected.
+    ryv::Event<> changed;
+
     const ryv::CString& name() const noexcept { return name_; }
     const ryv::CString& toolId() const noexcept { return toolId_; }
     ryv::PaletteSetClient& client() noexcept { return client_; }
@@ -29,6 +32,9 @@ public:
     Dock dock() const noexcept { return dock_; }
     /// Where the set floats, or would float.
     const ryv::ScreenRectangle& rectangle() const noexcept { return rectangle_; }
+    /// How deep it reaches into the main window when it is docked, in pixels; 0 before anybody has said so.
+    int dockedSize() const noexcept { return dockedSize_; }
+    void setDockedSize(int pixels) noexcept { dockedSize_ = pixels; }
     bool isRolledUp() const noexcept { return rolledUp_ && dock_ == Dock::floating; }
     ryv::HostTheme theme() const noexcept { return theme_; }
 
@@ -42,10 +48,10 @@ public:
     /// Whether anybody has seen it since it was made.
     bool wasShown() const noexcept { return wasShown_; }
 
-    /// Lets the client take on the saved layout, if it has not done so since the window was made.
+    /// Lets the client take on the saved layout, unless the set was shown since the window was made.
     void applySavedLayout();
 
-    void setName(ryv::CStringView name) override { name_ = name; }
+    void setName(ryv::CStringView name) override;
     void setToolId(ryv::CStringView id) override { toolId_ = id; }
     /// The window floats in the rectangle. The saved layout is taken on when the set is shown first, or when
     /// the host handles its messages: the palettes have been added by then.
@@ -57,7 +63,7 @@ public:
     void restoreFloating(const ryv::ScreenRectangle& rectangle) override { floatAt(rectangle); }
     bool isFloating() override { return hasWindow() && dock_ == Dock::floating; }
     bool rollsUpAutomatically() override { return rollsUp_; }
-    void rollOut() override { rolledUp_ = false; }
+    void rollOut() override;
     ryv::HostPalette& addPalette(ryv::CStringView name) override;
     bool removePalette(ryv::HostPalette& palette) override;
     int activePalette() override { return active_; }
@@ -81,6 +87,7 @@ private:
     Dock dock_ = Dock::floating;
     std::uint32_t sides_ = 0;
     ryv::ScreenRectangle rectangle_;
+    int dockedSize_ = 0;
     bool visible_ = false;
     bool wasShown_ = false;
     bool rollsUp_ = false;

@@ -39,11 +39,10 @@ void appendIndented(ryv::CString& text, ryv::CStringView lines) {
             text += u"    " + line + u'\n';
 }
 
-ryv::CString contentOf(const ryv::Control& control) {
-    return ryv::TextRenderer().control(control);
-}
+using Renderer = ryv::TextRenderer;
 
-void appendGroup(ryv::CString& text, GroupControl& group, ryv::CStringView where, double share) {
+void appendGroup(
+    ryv::CString& text, GroupControl& group, ryv::CStringView where, double share, const Renderer& renderer) {
     ryv::CStringArray captions;
     for (const GroupControl::Page& page : group.pages())
         captions.push_back(page.caption);
@@ -54,19 +53,22 @@ void appendGroup(ryv::CString& text, GroupControl& group, ryv::CStringView where
                                      group.isMinimized() ? u", minimized" : u""});
     if (!group.isMinimized() && group.selectedPage() >= 0)
         appendIndented(
-            text, contentOf(*group.pages()[static_cast<std::size_t>(group.selectedPage())].content));
+            text, renderer.control(*group.pages()[static_cast<std::size_t>(group.selectedPage())].content));
 }
 
-void appendPalette(ryv::CString& text, Palette& palette) {
+void appendPalette(ryv::CString& text, Palette& palette, const Renderer& renderer) {
     if (palette.header())
-        appendIndented(text, contentOf(*palette.header()));
-    appendGroup(text, palette.top(), u"top", palette.topToWholeRatio());
-    appendGroup(text, palette.bottom(), u"bottom", 1 - palette.topToWholeRatio());
+        appendIndented(text, renderer.control(*palette.header()));
+    appendGroup(text, palette.top(), u"top", palette.topToWholeRatio(), renderer);
+    appendGroup(text, palette.bottom(), u"bottom", 1 - palette.topToWholeRatio(), renderer);
 }
 
 } // namespace
 
-ryv::CString shownPalettes(const PaletteFramework& palettes) {
+ryv::CString shownPalettes(const PaletteFramework& palettes, std::size_t mostRows) {
+    ryv::RenderOptions options;
+    options.mostRows = mostRows;
+    const Renderer renderer(options);
     ryv::CString text;
     for (PaletteSet* const set : palettes.sets()) {
         text += set->name() + u": " + placeOf(*set) + u'\n';
@@ -77,7 +79,7 @@ ryv::CString shownPalettes(const PaletteFramework& palettes) {
         for (const auto& palette : set->palettes())
             names.push_back(palette->name());
         text += u"  " + tabs(names, set->activePalette()) + u'\n';
-        appendPalette(text, *shown);
+        appendPalette(text, *shown, renderer);
     }
     return text;
 }

@@ -56,6 +56,10 @@ std::optional<ryv::CString> Answers::next(ryv::CStringView kind, ryv::CStringVie
     return queue.answers[index];
 }
 
+bool Answers::has(ryv::CStringView kind, ryv::CStringView name) const {
+    return queues_.contains(keyOf(kind, name));
+}
+
 std::optional<FormAnswer> parseFormAnswer(ryv::CStringView text) {
     FormAnswer answer;
     for (const ryv::CString& part : ryv::splitUnquoted(text, u';')) {

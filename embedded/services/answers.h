@@ -31,6 +31,9 @@ public:
     /// is "message", "task", "file", "form", "dialog" or "menu"; names are compared without regard to case.
     std::optional<ryv::CString> next(ryv::CStringView kind, ryv::CStringView name);
 
+    /// Whether there is an answer to a question.
+    bool has(ryv::CStringView kind, ryv::CStringView name) const;
+
 private:
     struct Queue {
         std::vector<ryv::CString> answers;

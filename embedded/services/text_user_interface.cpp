@@ -21,7 +21,7 @@ using ryv::Answer;
 using ryv::FormField;
 using ryv::MessageButtons;
 
-constexpr int replaceQuestion = 2; // the host's own message of that number
+constexpr int replaceMessage = 2; // the host's own message of that number
 
 struct Choice {
     Answer answer;
@@ -232,12 +232,16 @@ bool TextUserInterface::acceptFile(const ryv::FileRequest& request, ryv::CString
         path += request.extension;
     if (!request.confirmsReplacing || !terminal_.exists(path))
         return true;
+    return messageBox(replaceQuestion(terminal_.shownPath(path))) == Answer::yes;
+}
+
+ryv::MessageBoxRequest TextUserInterface::replaceQuestion(ryv::CStringView path) {
     ryv::MessageBoxRequest question;
-    question.message = replaceQuestion;
-    question.text = ryv::format(u"%s exists already. Replace it?", {terminal_.shownPath(path)});
+    question.message = replaceMessage;
+    question.text = ryv::format(u"%s exists already. Replace it?", {path});
     question.icon = ryv::MessageIcon::warning;
     question.buttons = MessageButtons::yesNo;
-    return messageBox(question) == Answer::yes;
+    return question;
 }
 
 bool TextUserInterface::fillForm(ryv::FormRequest& request) {

@@ -18,6 +18,12 @@ public:
 
     void setAnswers(Answers answers) { answers_ = std::move(answers); }
 
+    /// Whether the answers file answers a question, so that nobody needs to be asked.
+    bool hasAnswer(ryv::CStringView kind, ryv::CStringView name) const { return answers_.has(kind, name); }
+
+    /// What is asked before a file that is there is replaced; `path` as people know it.
+    static ryv::MessageBoxRequest replaceQuestion(ryv::CStringView path);
+
     ryv::Answer messageBox(const ryv::MessageBoxRequest& request) override;
     int taskDialog(const ryv::TaskDialogRequest& request) override;
     /// A new name gets the extension that it lacks; a file that is there is replaced only after message 2 was

@@ -9,13 +9,13 @@ namespace drafta {
 
 namespace {
 
-constexpr std::array<option, 13> known = {{{"console", no_argument, nullptr, 'c'},
-    {"batch", required_argument, nullptr, 'b'}, {"answers", required_argument, nullptr, 'a'},
-    {"profile", required_argument, nullptr, 'p'}, {"drive", required_argument, nullptr, 'd'},
-    {"log-events", no_argument, nullptr, 'l'}, {"module", required_argument, nullptr, 'm'},
-    {"no-module", no_argument, nullptr, 'n'}, {"screen", required_argument, nullptr, 's'},
-    {"background", no_argument, nullptr, 'g'}, {"help", no_argument, nullptr, 'h'},
-    {"version", no_argument, nullptr, 'v'}, {nullptr, 0, nullptr, 0}}};
+constexpr std::array<option, 14> known = {{{"console", no_argument, nullptr, 'c'},
+    {"batch", required_argument, nullptr, 'b'}, {"screenshot", required_argument, nullptr, 'o'},
+    {"answers", required_argument, nullptr, 'a'}, {"profile", required_argument, nullptr, 'p'},
+    {"drive", required_argument, nullptr, 'd'}, {"log-events", no_argument, nullptr, 'l'},
+    {"module", required_argument, nullptr, 'm'}, {"no-module", no_argument, nullptr, 'n'},
+    {"screen", required_argument, nullptr, 's'}, {"background", no_argument, nullptr, 'g'},
+    {"help", no_argument, nullptr, 'h'}, {"version", no_argument, nullptr, 'v'}, {nullptr, 0, nullptr, 0}}};
 
 std::string variable(const char* name) {
     const char* const value = std::getenv(name);
@@ -45,8 +45,8 @@ bool takeScreen(const std::string& text, Options& options) {
 
 bool setMode(Options& options, Options::Mode mode, std::string& problem) {
     const bool leaves = mode == Options::Mode::help || mode == Options::Mode::version;
-    if (!leaves && options.mode != Options::Mode::none && options.mode != mode) {
-        problem = "--console and --batch exclude each other";
+    if (!leaves && options.mode != Options::Mode::window && options.mode != mode) {
+        problem = "--console, --batch and --screenshot exclude each other";
         return false;
     }
     options.mode = mode;
@@ -60,6 +60,9 @@ bool take(int letter, Options& options, std::string& problem) {
     case 'b':
         options.batchFile = optarg;
         return setMode(options, Options::Mode::batch, problem);
+    case 'o':
+        options.pictureFile = optarg;
+        return setMode(options, Options::Mode::screenshot, problem);
     case 'h':
         return setMode(options, Options::Mode::help, problem);
     case 'v':
@@ -117,23 +120,24 @@ bool parseOptions(int argc, char** argv, Options& options, std::string& problem)
         options.files.emplace_back(argv[optind]);
     if (options.profileFolder.empty())
         options.profileFolder = usualProfile();
-    if (options.profileFolder.empty()) {
+    if (options.profileFolder.empty())
         problem = "HOME does not say where your settings are: name their folder with --profile";
-        return false;
-    }
-    if (options.mode == Options::Mode::none)
-        problem = "this version has no window yet: start it with --console, or with --batch FILE.lsp";
-    return options.mode != Options::Mode::none;
+    return !options.profileFolder.empty();
 }
 
 const char* helpText() noexcept {
-    return R"(usage: drafta --console [OPTION]... [FILE]...
+    return R"(usage: drafta [OPTION]... [FILE]...
+       drafta --console [OPTION]... [FILE]...
        drafta --batch FILE.lsp [OPTION]... [FILE]...
+       drafta --screenshot FILE.png [OPTION]... [FILE]...
 
 The embedded host of the project manager: documents, drawings, commands and LISP.
+Without a mode it opens its window; where there is no display it says so and prints the
+palettes as text.
 
   --console        a command line: host commands, and LISP when a line begins with "("
   --batch FILE     loads a LISP file and leaves; what it prints goes to standard output
+  --screenshot F   draws the window as it opens into a PNG file and leaves; needs no display
   --answers FILE   what questions and forms answer
   --profile DIR    the folder of the user's settings, instead of $XDG_CONFIG_HOME/drafta
   --drive X=DIR    lets a drive letter stand for a folder; may be repeated

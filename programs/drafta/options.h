@@ -10,9 +10,10 @@
 namespace drafta {
 
 struct Options {
-    enum class Mode { none, console, batch, help, version };
-    Mode mode = Mode::none;
+    enum class Mode { window, screenshot, console, batch, help, version };
+    Mode mode = Mode::window;
     std::string batchFile;
+    std::string pictureFile; ///< of the screenshot
     std::string answersFile;
     std::string profileFolder;
     bool logsEvents = false;

@@ -1,7 +1,9 @@
 #include "programs/drafta/program.h"
 
+#include "programs/drafta/display.h"
 #include "programs/drafta/exit_codes.h"
 #include "programs/drafta/session.h"
+#include "programs/drafta/window_session.h"
 
 #include <csignal>
 #include <fcntl.h>
@@ -35,7 +37,14 @@ int run(int argc, char** argv) {
     if (options.mode == Options::Mode::version)
         return std::puts("drafta " DRAFTA_VERSION) < 0 ? inputError : done;
     std::signal(SIGXFSZ, SIG_IGN); // a limit on file sizes is a failure to write, to be reported like others
-    return Session(options).run();
+    switch (options.mode) {
+    case Options::Mode::window:
+        return hasDisplay() ? runWindow(options) : runWithoutDisplay(options);
+    case Options::Mode::screenshot:
+        return runScreenshot(options);
+    default:
+        return Session(options).run();
+    }
 }
 
 } // namespace drafta

@@ -1,73 +1,16 @@
 #include "programs/drafta/session.h"
 
 #include "base/encoding.h"
-#include "base/fold.h"
-#include "base/text.h"
 #include "programs/drafta/exit_codes.h"
 #include "programs/drafta/host_signals.h"
-#include "siblings/file_content.h"
+#include "programs/drafta/start_up.h"
 
-#include <algorithm>
-#include <filesystem>
 #include <unistd.h>
 
 namespace drafta {
 
-namespace {
-
-std::string productFolder() {
-    std::error_code error;
-    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return (program.parent_path().parent_path() / "share" / "drafta").string();
-}
-
-/// Where the build puts the module, and where it is installed.
-std::string ownModule() {
-    std::error_code error;
-    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return (program.parent_path().parent_path() / "lib" / "RyvPageMan.so").string();
-}
-
-bool loadModules(Host& host, const Options& options, std::string& problem) {
-    if (!options.loadsModules)
-        return true;
-    const std::vector<std::string> files =
-        options.modules.empty() ? std::vector<std::string>{ownModule()} : options.modules;
-    return std::all_of(
-        files.begin(), files.end(), [&](const std::string& file) { return host.loadModule(file, problem); });
-}
-
-bool takeAnswers(Host& host, const std::string& file, std::string& problem) {
-    ryv::ByteBuffer bytes;
-    ryv::Fingerprint fingerprint;
-    ryv::Platform& ports = host.platform();
-    const ryv::FileStatus status =
-        ryv::readWholeFile(*ports.os.files, ports.os.paths->fromNative(file), bytes, fingerprint);
-    if (!status.ok()) {
-        problem = file + ": " + describe(status.error);
-        return false;
-    }
-    Answers answers;
-    ryv::CString reason;
-    ryv::TextEncoding encoding{};
-    if (!Answers::parse(ryv::decodeDetecting(bytes.view(), encoding), answers, reason)) {
-        problem = file + ": " + ryv::toUtf8(reason);
-        return false;
-    }
-    host.userInterface().setAnswers(std::move(answers));
-    return true;
-}
-
-bool isProject(ryv::CStringView path) {
-    return path.size() >= 4 && ryv::equalNoCase(path.substr(path.size() - 4), u".kqp");
-}
-
-} // namespace
-
 HostOptions Session::hostOptions() {
-    HostOptions options;
-    options.profileFolder = options_.profileFolder;
-    options.productFolder = productFolder();
+    HostOptions options = hostOptionsOf(options_);
     options.print = [this](std::string_view text) { screen_.print(text); };
     options.printError = [this](std::string_view text) {
         makeRoom();
@@ -75,9 +18,6 @@ HostOptions Session::hostOptions() {
             screen_.beginLine(); // both stand on one screen
         std::fwrite(text.data(), 1, text.size(), stderr);
     };
-    options.logsEvents = options_.logsEvents;
-    options.screen = options_.screen;
-    options.isInBackground = options_.isInBackground;
     if (isConsole())
         options.readLine = [this](std::string_view prompt) { return readLine(prompt); };
     return options;
@@ -108,10 +48,8 @@ void Session::connectLines() {
 }
 
 int Session::run() {
-    for (const auto& [letter, folder] : options_.drives)
-        host_.mapper().mapDrive(static_cast<char16_t>(letter), folder);
     std::string problem;
-    if (!options_.answersFile.empty() && !takeAnswers(host_, options_.answersFile, problem))
+    if (!prepare(host_, options_, problem))
         return complain(problem);
     if (isConsole())
         connectLines();
@@ -128,27 +66,10 @@ int Session::work() {
     std::string problem;
     if (!loadModules(host_, options_, problem))
         return complain(problem);
-    // Before the projects of the last run: what the user names now comes first, should names be equal.
-    bool opened = true;
-    host_.whenReady([&] { opened = openFiles(true); });
-    host_.newDocument();
-    host_.runPending();
-    opened = openFiles(false) && opened;
+    const bool opened = openFirst(host_, options_);
     if (!opened && !isConsole())
         return inputError;
     return isConsole() ? runConsole() : runBatch();
-}
-
-/// The projects among the files of the command line, or the drawings.
-bool Session::openFiles(bool projects) {
-    bool opened = true;
-    for (const std::string& file : options_.files) {
-        const ryv::CString path = host_.platform().os.paths->fromNative(file);
-        if (isProject(path) == projects)
-            opened =
-                !host_.hasQuit() && (projects ? host_.openProject(path) : host_.openDocument(path)) && opened;
-    }
-    return opened;
 }
 
 std::string Session::problemOfBatchFile() {

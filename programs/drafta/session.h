@@ -24,7 +24,6 @@ private:
     std::optional<std::string> readLine(std::string_view prompt);
     void connectLines();
     int work();
-    bool openFiles(bool projects);
     std::string problemOfBatchFile();
     int runBatch();
     void readConsole();

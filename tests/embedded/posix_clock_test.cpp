@@ -33,8 +33,7 @@ TEST(PosixClock, momentsThatDoNotExist_areEmpty) {
     EXPECT_EQ(clock.timeOfDay({2026, 1, 1, 0, -1, 0}), u"");
 }
 
-TEST(PosixClock, localTime_isTheSystemsWithinAMoment) {
-    const LocalTime time = drafta::PosixClock().localTime();
+std::time_t momentOf(const LocalTime& time) {
     std::tm parts{};
     parts.tm_year = time.year - 1900;
     parts.tm_mon = time.month - 1;
@@ -43,7 +42,16 @@ TEST(PosixClock, localTime_isTheSystemsWithinAMoment) {
     parts.tm_min = time.minute;
     parts.tm_sec = time.second;
     parts.tm_isdst = -1;
-    EXPECT_NEAR(std::difftime(std::time(nullptr), std::mktime(&parts)), 0, 5);
+    return std::mktime(&parts);
+}
+
+TEST(PosixClock, localTime_isTheSystemsWithinAMoment) {
+    EXPECT_NEAR(std::difftime(std::time(nullptr), momentOf(drafta::PosixClock().localTime())), 0, 5);
+}
+
+TEST(PosixClock, localTimeOf_isThatMomentInTheUsersZone) {
+    for (const std::int64_t moment : {-86'400'001LL, 0LL, 1'600'000'000LL, 4'102'444'799LL})
+        EXPECT_EQ(momentOf(drafta::PosixClock().localTimeOf(moment)), moment);
 }
 
 } // namespace

@@ -158,7 +158,7 @@ TEST_F(BridgeInHostTest, drawings_areBroughtUpToDate) {
     ASSERT_EQ(links.size(), 1u);
     EXPECT_EQ(*links.stringAt(0), supply);
     EXPECT_TRUE(lisp::updateTerminalLinks({supply}));
-    EXPECT_TRUE(wasPrinted("terminal links: 1 drawings\n"));
+    EXPECT_TRUE(wasPrinted("Waiting for an update: terminal links, 1 drawings\n"));
 }
 
 TEST_F(BridgeInHostTest, setUps_giveValuesAsEdited_andFalseWhenCancelled) {

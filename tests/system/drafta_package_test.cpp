@@ -108,7 +108,7 @@ TEST(DraftaPackageTest, functions_thatCommandStringsName_takeTheirArguments) {
 /// Stands in for the project manager: what it says of files is a list of their states.
 constexpr CStringView lockFunctions = uR"lisp((progn
   (setq states '(("\\p\\free.kqp" . 1) ("\\p\\own.KQP" . 2) ("\\p\\held.kqp" . 3) ("\\p\\odd.kqp" . 4) ("\\p\\other.kqp" . 1)
-                 ("\\p\\free.dwg" . 1) ("\\p\\held.dwg" . 3) ("\\p\\read-only.dwg" . 5) ("\\p\\none.dwg" . 6)))
+                 ("\\p\\free.dwg" . 1) ("\\p\\held.dwg" . 3) ("\\p\\read-only.dwg" . 5) ("\\p\\none.dwg" . 6) ("\\p\\vague.dwg" . 0)))
   (defun ryv_getprojectlockstatus (path) (cdr (assoc path states)))
   (defun ryv_getprojectwholocked (path) (if (assoc path states) "ann(PC 7)"))
   (defun ryv_getdwglockstatus (path) (cdr (assoc path states)))
@@ -133,8 +133,12 @@ TEST(DraftaPackageTest, lockCheck_locksWhatIsFreeOrNothing) {
         const char* calls;
     };
     const CString free = u"\\p\\free.kqp";
-    const Case cases[] = {{{free, u"\\p\\own.KQP", u"\\p\\free.dwg", u"\\p\\none.dwg"}, 0, "\\p\\free.kqp",
-                              "", "1\\p\\free.kqp "},
+    const CString drawing = u"\\p\\free.dwg";
+    const Case cases[] = {{{free, u"\\p\\own.KQP", drawing, u"\\p\\none.dwg"}, 0,
+                              "\\p\\free.kqp \\p\\free.dwg ", "", "1\\p\\free.kqp 1\\p\\free.dwg "},
+        {{free, drawing}, 1, "\\p\\free.kqp ", "", "1\\p\\free.kqp "},
+        {{drawing, u"\\p\\read-only.dwg"}, 0, "-", "/p/read-only.dwg: ann(PC 7)\n",
+            "1\\p\\free.dwg 0\\p\\free.dwg "},
         {{u"\\p\\own.KQP"}, 0, "", "", ""}, {{}, 0, "", "", ""},
         {{free, u"\\p\\held.kqp", free}, 0, "-", "/p/held.kqp: ann(PC 7) is working on it\n",
             "1\\p\\free.kqp 0\\p\\free.kqp "},
@@ -142,7 +146,8 @@ TEST(DraftaPackageTest, lockCheck_locksWhatIsFreeOrNothing) {
         {{u"\\p\\other.kqp"}, 0, "-", "/p/other.kqp: it cannot be locked\n", "1\\p\\other.kqp "},
         {{u"\\p\\held.dwg"}, 1, "-", "/p/held.dwg: ann(PC 7) is working on it\n", ""},
         {{u"\\p\\read-only.dwg"}, 0, "-", "/p/read-only.dwg: ann(PC 7)\n", ""},
-        {{u"\\p\\read-only.dwg"}, 1, "", "", ""},
+        {{u"\\p\\read-only.dwg"}, 1, "", "", ""}, {{u"\\p\\vague.dwg"}, 1, "", "", ""},
+        {{u"\\p\\vague.dwg"}, 0, "-", "/p/vague.dwg: ann(PC 7)\n", ""},
         {{u"\\p\\unknown.dwg"}, 1, "-", "/p/unknown.dwg: who is working on it cannot be told\n", ""}};
     for (const Case& each : cases) {
         package.host.runLine(u"(progn (setq calls nil) (princ))");
@@ -150,17 +155,19 @@ TEST(DraftaPackageTest, lockCheck_locksWhatIsFreeOrNothing) {
         locked.clear();
         const bool good = check.LispCheckFileLockStatusAndLock(each.files, 1, each.looks, locked);
         EXPECT_EQ(package.printed, each.printed);
-        EXPECT_EQ(good ? (locked.empty() ? "" : toAscii(locked.front())) : "-", each.locked);
-        EXPECT_LE(locked.size(), 1u);
+        std::string names;
+        for (const CString& file : locked)
+            names += toAscii(file) + " ";
+        EXPECT_EQ(good ? names : "-", each.locked);
         package.printed.clear();
         package.host.runLine(u"(progn (princ (if calls calls \"\")) (princ))");
         EXPECT_EQ(package.printed, each.calls) << each.printed;
     }
     package.host.runLine(u"(progn (setq calls nil) (princ))");
-    check.LispUpdUnlockFiles({u"\\p\\free.dwg", free});
+    check.LispUpdUnlockFiles({drawing, free});
     package.printed.clear();
     package.host.runLine(u"(progn (princ calls) (princ))");
-    EXPECT_EQ(package.printed, "0\\p\\free.kqp ");
+    EXPECT_EQ(package.printed, "0\\p\\free.dwg 0\\p\\free.kqp ");
 }
 
 } // namespace

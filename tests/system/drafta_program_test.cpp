@@ -29,7 +29,7 @@ TEST_F(DraftaProgramTest, faultsOfTheCommandLine_endWith2AndOneLineThatNamesThem
     folder.write("bad.answers", "message 1: yes\nnothing\n");
     folder.write("binary.dwg", std::string("AC1032\0\0", 8));
     const std::vector<std::pair<std::vector<std::string>, std::string>> cases = {
-        {{}, "no window yet"},
+        {{"--screenshot", "x.png", "--console"}, "exclude each other"},
         {{"--console", "--batch", "x"}, "exclude each other"},
         {{"--batch"}, "--batch"},
         {{"--batch", "none.lsp"}, "none.lsp: "},

@@ -280,6 +280,30 @@ TEST_F(HostTest, saveAs_replacesNothingUnasked) {
     EXPECT_EQ(folder.read("own.dwg"), "changed outside");
 }
 
+TEST_F(HostTest, renameFile_theDocumentGoesOnWithWhatIsNotSaved) {
+    const std::string own = copyOf("01 Cover Sheet.dwg", "own.dwg");
+    folder.write("other.dwg", "theirs");
+    line("open " + own);
+    line("(setq h (dwg-current)) (dwg-first h \"TITLE_A\") (dwg-set h \"REV\" \"unsaved\")");
+    Documents& open = host.documents();
+    const DocumentId id = open.documentOfFile(module("./OWN.dwg"));
+    EXPECT_EQ(id, open.currentDocument());
+    EXPECT_EQ(open.renameFile(id, module("other.dwg")).error, ryv::FileError::exists);
+    EXPECT_EQ(open.fileName(id), module("own.dwg"));
+    EXPECT_TRUE(open.renameFile(id, module("NEW.dwg")).ok());
+    EXPECT_TRUE(open.renameFile(id, module("new.dwg")).ok()) << "in case only";
+    EXPECT_EQ(open.fileName(id), module("new.dwg"));
+    EXPECT_EQ(open.documentOfFile(module("own.dwg")), DocumentId::none);
+    EXPECT_EQ(ryv::test::readBytes(folder.native("new.dwg")).find("unsaved"), std::string::npos);
+    line("qsave");
+    EXPECT_NE(ryv::test::readBytes(folder.native("new.dwg")).find("unsaved"), std::string::npos);
+    EXPECT_EQ(folder.names(), (std::vector<std::string>{"new.dwg", "other.dwg", "profile"}));
+    EXPECT_EQ(folder.read("other.dwg"), "theirs");
+    line("new");
+    EXPECT_EQ(open.renameFile(open.currentDocument(), module("x.dwg")).error, ryv::FileError::missing)
+        << "it has no file";
+}
+
 TEST_F(HostTest, settings_lieInTheProfile) {
     const ryv::Platform& ports = host.platform();
     EXPECT_EQ(ports.services.userFolders->GblPm_GetDefaultKqUserValue(), module("profile") + u"\\");
@@ -290,7 +314,7 @@ TEST_F(HostTest, settings_lieInTheProfile) {
     EXPECT_EQ(ports.os.registry->writeInteger(settings, u"Visibility", 1), ryv::RegistryStatus::ok);
 
     Host next{{folder.native("profile"), product, {}, [this](std::string_view text) { errors += text; },
-        nullptr, true}};
+        nullptr, nullptr, true}};
     std::uint32_t visibility = 0;
     CString value;
     EXPECT_EQ(next.platform().services.userFolders->GetUserDirectory(), u"C:\\Data\\");

@@ -1,4 +1,4 @@
-#include "embedded/palettes/headless_main_window.h"
+#include "embedded/palettes/main_window.h"
 
 #include "tests/support/scripted_loop.h"
 
@@ -27,10 +27,10 @@ struct Observer final : ryv::ThemeObserver {
     void themeChanged() override { changed(); }
 };
 
-TEST(HeadlessMainWindow, theme_isToldNewestFirstToThoseThatAreStillThere) {
+TEST(MainWindow, theme_isToldNewestFirstToThoseThatAreStillThere) {
     ryv::test::ScriptedClock clock;
     ryv::test::ScriptedMessageLoop loop(clock);
-    HeadlessMainWindow window(loop, {}, false, [] { return false; });
+    MainWindow window(loop, {}, false, [] { return false; });
     std::string told;
     Observer oldest, middle, newest;
     oldest.changed = [&] { told += "o"; };
@@ -49,11 +49,11 @@ TEST(HeadlessMainWindow, theme_isToldNewestFirstToThoseThatAreStillThere) {
     window.remove(newest);
 }
 
-TEST(HeadlessMainWindow, documentArea_isOnTheScreenWhileADocumentIsOpen) {
+TEST(MainWindow, documentArea_isOnTheScreenWhileADocumentIsOpen) {
     ryv::test::ScriptedClock clock;
     ryv::test::ScriptedMessageLoop loop(clock);
     bool hasDocument = false;
-    HeadlessMainWindow window(loop, {1000, 100, 200}, true, [&] { return hasDocument; });
+    MainWindow window(loop, {1000, 100, 200}, true, [&] { return hasDocument; });
     ryv::ScreenRectangle area{1, 2, 3, 4};
     EXPECT_FALSE(window.documentArea(area));
     EXPECT_EQ(area, (ryv::ScreenRectangle{1, 2, 3, 4}));

@@ -1,0 +1,48 @@
+// Lines of one pen on their way to a painter: cut to the canvas, dashed, and drawn many at once.
+#pragma once
+
+#include "embedded/qt/drawing/canvas_view.h"
+
+#include <QLineF>
+#include <QPainter>
+
+#include <vector>
+
+namespace drafta {
+
+class StrokeBatch {
+public:
+    /// Draws inside of `area`; both have to outlive this object.
+    StrokeBatch(QPainter& painter, const QRectF& area)
+        : painter_(painter), area_(area), ratio_(painter.device()->devicePixelRatioF()) {}
+    StrokeBatch(const StrokeBatch&) = delete;
+    StrokeBatch& operator=(const StrokeBatch&) = delete;
+    ~StrokeBatch() { flush(); }
+
+    /// The pen of the lines that follow. `pattern` is in drawing units, empty for an unbroken line, and lives
+    /// until the next call.
+    void setPen(QColor colour, const std::vector<double>& pattern, double scale);
+
+    /// A new row of lines; dashes begin anew.
+    void begin(QPointF point) {
+        last_ = point;
+        phase_ = 0;
+    }
+    void lineTo(QPointF point);
+
+private:
+    void addDashes(QPointF from, QPointF to, double length, double phase);
+    void add(QPointF from, QPointF to);
+    void flush();
+
+    QPainter& painter_;
+    const QRectF& area_;
+    double ratio_; // of the screen's pixels to ours
+    std::vector<QLineF> lines_;
+    std::vector<double> dashes_; // in pixels; empty for an unbroken line
+    double period_ = 0;
+    QPointF last_;
+    double phase_ = 0; // how far into the pattern last_ is
+};
+
+} // namespace drafta

@@ -1,0 +1,201 @@
+#include "tests/embedded/qt/question_fixture.h"
+#include "tests/support/sample_dialog.h"
+#include "toolkit/text_field.h"
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTabWidget>
+#include <algorithm>
+
+namespace drafta {
+namespace {
+
+using ryv::Dialog;
+using ryv::test::SampleDialog;
+namespace sample = ryv::test::sample;
+
+class DialogWindowTest : public QuestionFixture {
+protected:
+    SampleDialog dialog;
+
+    static Step type(const QString& text) {
+        return [text](QWidget& window) { QTest::keyClicks(window.focusWidget(), text); };
+    }
+    static QWidget& named(QWidget& window, const char* name) {
+        auto* const found = window.findChild<QWidget*>(QString::fromLatin1(name));
+        EXPECT_NE(found, nullptr) << name;
+        return *found;
+    }
+};
+
+TEST_F(DialogWindowTest, enterConfirmsAndEscapeCancels) {
+    answerWith({type(QStringLiteral("Pump")), key(Qt::Key_Return)});
+    EXPECT_EQ(ui.runModal(dialog), Dialog::idOk);
+    EXPECT_EQ(dialog.control<ryv::TextField>(sample::name).text(), u"Pump");
+    EXPECT_EQ(dialog.story, u"init change:name change:name change:name change:name ok ");
+}
+
+TEST_F(DialogWindowTest, endings_areThoseOfTheModel) {
+    struct {
+        Step step;
+        int result;
+        const char16_t* story;
+    } const endings[] = {
+        {key(Qt::Key_Escape), Dialog::idCancel, u"init cancel "},
+        {[](QWidget& window) { window.close(); }, Dialog::idCancel, u"init cancel "},
+        {press(QStringLiteral("Cancel")), Dialog::idCancel, u"init cancel "},
+        {press(QStringLiteral("OK")), Dialog::idOk, u"init ok "},
+        {[this](QWidget&) { dialog.end(77); }, 77, u"init "},
+    };
+    std::vector<Step> steps;
+    for (const auto& ending : endings)
+        steps.push_back(ending.step);
+    answerWith(steps);
+    for (const auto& ending : endings) {
+        dialog.story.clear();
+        EXPECT_EQ(ui.runModal(dialog), ending.result);
+        EXPECT_EQ(dialog.story, ending.story);
+    }
+    dialog.opens = false;
+    EXPECT_EQ(ui.runModal(dialog), Dialog::idCancel) << "it never opened, and nobody was asked";
+}
+
+TEST_F(DialogWindowTest, enter_pressesTheButtonThatHasTheKeyboard) {
+    answerWith({[](QWidget& window) { named(window, "browse").setFocus(); }, key(Qt::Key_Return),
+        [this](QWidget&) { EXPECT_EQ(dialog.focus(), sample::browse) << "the model knows"; },
+        key(Qt::Key_Escape)});
+    ui.runModal(dialog);
+    EXPECT_EQ(dialog.story, u"init press:browse cancel ");
+}
+
+TEST_F(DialogWindowTest, refusedConfirmation_movesTheKeyboardToTheField) {
+    dialog.confirms = false;
+    answerWith({press(QStringLiteral("OK")),
+        [](QWidget& window) { EXPECT_EQ(window.focusWidget(), &named(window, "name")); },
+        key(Qt::Key_Escape)});
+    ui.runModal(dialog);
+    EXPECT_EQ(dialog.story, u"init ok cancel ");
+}
+
+TEST_F(DialogWindowTest, refusedText_isNotConfirmedUnseen) {
+    dialog.control<ryv::TextField>(sample::name).setRule([](ryv::CStringView text) { return text != u"a/"; });
+    answerWith({type(QStringLiteral("a/")), key(Qt::Key_Return),
+        [](QWidget& window) { named(window, "notes").setFocus(); }, press(QStringLiteral("OK")),
+        [](QWidget& window) { EXPECT_EQ(window.focusWidget(), &named(window, "name")); },
+        type(QStringLiteral("b")), key(Qt::Key_Return)});
+    EXPECT_EQ(ui.runModal(dialog), Dialog::idOk);
+    EXPECT_EQ(dialog.control<ryv::TextField>(sample::name).text(), u"b");
+}
+
+TEST_F(DialogWindowTest, layout_namesFieldsAndHidesWhatIsHidden) {
+    answerWith({[this](QWidget& window) {
+        EXPECT_EQ(window.windowTitle(), QStringLiteral("Sample & Co"));
+        EXPECT_EQ(window.findChild<QGroupBox*>()->title(), QStringLiteral("More"));
+        EXPECT_FALSE(named(window, "code").isVisible());
+        dialog.control<ryv::Control>(sample::code).setVisible(true);
+        EXPECT_TRUE(named(window, "code").isVisible());
+        const auto labels = window.findChildren<QLabel*>();
+        EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [&](const QLabel* label) {
+            return label->buddy() == &named(window, "folder") && label->text() == QStringLiteral("F&older:");
+        }));
+        named(window, "folder").setFocus();
+        dialog.setTitle(u"Other");
+        EXPECT_EQ(window.windowTitle(), QStringLiteral("Other"));
+        EXPECT_EQ(window.focusWidget(), &named(window, "folder")) << "a title moves no keyboard";
+        dialog.pressCancel();
+    }});
+    ui.runModal(dialog);
+}
+
+TEST_F(DialogWindowTest, size_isKeptWhenSomebodyChangedIt) {
+    const Step look = [this](QWidget&) { dialog.end(1); };
+    answerWith({look, [](QWidget& window) { window.resize(700, 560); }, look,
+        [this](QWidget& window) {
+            EXPECT_EQ(window.width(), 700);
+            dialog.end(1);
+        }});
+    ui.runModal(dialog);
+    EXPECT_TRUE(!sizes[QStringLiteral("Sample")].isValid());
+    ui.runModal(dialog);
+    ui.runModal(dialog);
+    EXPECT_EQ(sizes[QStringLiteral("Sample")].width(), 700);
+}
+
+/// Its OK asks a question of its own first.
+class Asking : public SampleDialog {
+public:
+    explicit Asking(QtUserInterface& ui) : ui_(ui) {}
+    ryv::Answer answer = ryv::Answer::retry;
+
+private:
+    bool onOk() override {
+        answer = ui_.messageBox({7, u"Sure?", u"", {}, ryv::MessageButtons::yesNo});
+        return answer == ryv::Answer::yes;
+    }
+    QtUserInterface& ui_;
+};
+
+TEST_F(DialogWindowTest, questionOutOfADialog_nests) {
+    Asking asking(ui);
+    answerWith(
+        {key(Qt::Key_Return), press(QStringLiteral("No")), key(Qt::Key_Return), [this](QWidget& window) {
+             EXPECT_EQ(standing, 2);
+             EXPECT_TRUE(ui.hasOpenDialog());
+             press(QStringLiteral("Yes"))(window);
+         }});
+    EXPECT_EQ(ui.runModal(asking), Dialog::idOk);
+}
+
+TEST_F(DialogWindowTest, leavingTheHost_cancelsTheWholeStack) {
+    Asking asking(ui);
+    answerWith({key(Qt::Key_Return), [this](QWidget&) {
+                    quit_ = true;
+                    ui.closeAll();
+                }});
+    EXPECT_EQ(ui.runModal(asking), Dialog::idCancel);
+    EXPECT_EQ(asking.answer, ryv::Answer::no);
+    EXPECT_FALSE(asking.isOpen());
+    EXPECT_EQ(ui.runModal(asking), Dialog::idCancel) << "and nothing is asked any more";
+}
+
+TEST_F(DialogWindowTest, answersFile_fillsInWithoutAWindow) {
+    answersFile(u"dialog Sample: name=Pump; ok\n");
+    EXPECT_EQ(ui.runModal(dialog), Dialog::idOk);
+    EXPECT_EQ(dialog.control<ryv::TextField>(sample::name).text(), u"Pump");
+}
+
+TEST_F(DialogWindowTest, faultInAHandler_comesOutOfTheRun) {
+    const ryv::Subscription fault =
+        dialog.control<ryv::TextField>(sample::name).edited.subscribe([](ryv::Control&) {
+            ryv::CArray<int>()[1];
+        });
+    answerWith({type(QStringLiteral("a"))});
+    EXPECT_THROW(ui.runModal(dialog), std::invalid_argument);
+    EXPECT_FALSE(dialog.isOpen());
+}
+
+TEST_F(DialogWindowTest, sheet_turnsPagesBothWaysAndToTheFocus) {
+    static constexpr ryv::ControlLayout fields[] = {{ryv::ControlKind::text, 50, u"far", u"Far"}};
+    static constexpr ryv::DialogLayout layout = {u"Sheet", u"Sheet", {}, {}};
+    ryv::Panel near({u"", {}});
+    ryv::Panel far({u"", fields});
+    ryv::PropertySheet sheet(layout);
+    sheet.addPage({u"Near", u"near", {&near}});
+    sheet.addPage({u"R & D", u"far", {&far}});
+    answerWith({[&](QWidget& window) {
+        auto& pages = *window.findChild<QTabWidget*>();
+        EXPECT_EQ(pages.tabText(1), QStringLiteral("R && D"));
+        sheet.setFocus(50);
+        EXPECT_EQ(pages.currentIndex(), 1);
+        EXPECT_EQ(window.focusWidget(), &named(window, "far"));
+        pages.setCurrentIndex(0);
+        EXPECT_EQ(sheet.activePage(), 0);
+        sheet.end(5);
+    }});
+    EXPECT_EQ(ui.runModal(sheet), 5);
+}
+
+} // namespace
+} // namespace drafta
