@@ -1,9 +1,10 @@
-// Finding the settings block of drawings and reading its attributes, beside what one pass over the same pairs
-// costs at least, and what a well-known library takes. One large drawing has the block at its end; the small
-// ones are as a project has them.
+// Finding the settings block of drawings and reading its attributes, and listing what is to be painted,
+// beside what one pass over the same pairs costs at least, and what a well-known library takes. One large
+// drawing has the block at its end; the small ones are as a project has them.
 
 #include "base/text.h"
 #include "bench/support/bench_project.h"
+#include "embedded/drawings/display_list.h"
 #include "embedded/drawings/drawing_view.h"
 
 #include <benchmark/benchmark.h>
@@ -154,6 +155,20 @@ void writeSettings(benchmark::State& state) {
     report(state);
 }
 
+/// All that is to be painted, loading included.
+void listShapes(benchmark::State& state) {
+    const Drawings& drawings = drawingsOf(state.range(0));
+    drafta::PosixPlatform host;
+    for (auto _ : state)
+        for (const ryv::CString& path : drawings.module) {
+            ryv::DrawingResult result;
+            const auto drawing = drafta::Drawing::load(*host.platform().os.files, path, result);
+            if (!drawing || drafta::makeDisplayList(drawing->content()).lines.empty())
+                std::abort();
+        }
+    report(state);
+}
+
 /// The script that stands beside this file.
 std::string scriptPath() {
     const std::string_view here = __FILE__;
@@ -183,6 +198,7 @@ void yardstickEzdxf(benchmark::State& state) {
 BENCHMARK(yardstickPassOverPairs)->Arg(0)->Arg(200)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(readSettings)->Arg(0)->Arg(200)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(writeSettings)->Arg(0)->Arg(200)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(listShapes)->Arg(0)->Arg(200)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(yardstickEzdxf)->Arg(0)->Arg(200)->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(1);
 
 } // namespace

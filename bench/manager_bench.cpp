@@ -1,16 +1,10 @@
 // The project manager: opening projects one after the other, telling subscribers, adding drawings, following
 // a project that is written outside, and watching many projects. Each beside its yardstick, in turn with it.
 
+#include "bench/support/manager_bench.h"
 #include "base/encoding.h"
 #include "base/text.h"
-#include "bench/support/bench_project.h"
 #include "bench/support/processor_time.h"
-#include "bridge/platform.h"
-#include "embedded/loop/epoll_message_loop.h"
-#include "embedded/monitor/inotify_monitor.h"
-#include "manager/nav_state.h"
-#include "manager/project_manager.h"
-#include "manager/reread_window.h"
 #include "model/kqp_filer.h"
 
 #include <benchmark/benchmark.h>
@@ -21,6 +15,8 @@
 
 namespace {
 
+using Bench = bench::ManagerBench;
+using bench::require;
 using ryv::CString;
 using std::chrono::milliseconds;
 using Clock = std::chrono::steady_clock;
@@ -32,53 +28,6 @@ double secondsOf(const Work& work) {
     work();
     return Seconds(Clock::now() - start).count();
 }
-
-void require(bool condition, const char* what) {
-    if (!condition) {
-        std::fprintf(stderr, "manager_bench: %s\n", what);
-        std::exit(2);
-    }
-}
-
-/// Asks nobody about drawings that are missing, or looks at every one of them.
-class Database final : public ryv::NullProjectDatabase {
-public:
-    bool skipsPathCheck = true;
-    bool PmIsHelperProcess() override { return skipsPathCheck; }
-};
-
-/// A manager with real files, a real loop and a real monitor.
-class Bench {
-public:
-    Bench() {
-        ryv::Platform& ports = ryv::platform();
-        ports.os.messages = &loop;
-        ports.os.monitor = &monitor;
-        ports.services.projectDatabase = &database;
-        ryv::setNavState(&state);
-        state.createProjectManager();
-        window.emplace(state);
-    }
-    ~Bench() {
-        state.destroyProjectManager();
-        window.reset();
-    }
-    ryv::RyvPrmProjectManager& manager() { return *state.projectManager(); }
-    CString put(const std::string& name, const std::string& content) {
-        return workbench.modulePath(workbench.put(name, content));
-    }
-    void open(const CString& project) {
-        require(manager().openProject(project, false), "a project does not open");
-    }
-
-    bench::Workbench workbench;
-    drafta::PathMapper mapper;
-    drafta::EpollMessageLoop loop;
-    drafta::InotifyMonitor monitor{loop, *ryv::platform().os.files, mapper};
-    Database database;
-    ryv::NavState state;
-    std::optional<ryv::RereadWindow> window;
-};
 
 // Opening ------------------------------------------------------------------------------------------------
 
