@@ -13,7 +13,7 @@ usage() {
 # libedit edits the lines of drafta's console, libzip writes its archives, pugixml reads and writes its XML files,
 # mdbtools and SQLite read project databases, Qt draws the window (libqt6svg6 holds the plug-in for its icons).
 run="g++ cmake ninja-build ccache pkg-config libedit-dev libzip-dev libpugixml-dev mdbtools-dev libsqlite3-dev
-    qt6-base-dev libqt6svg6-dev libqt6svg6 libgl-dev fonts-dejavu-core"
+    qt6-base-dev qt6-svg-dev libqt6svg6 libgl-dev fonts-dejavu-core"
 # libclang-rt-14-dev holds the sanitizer and fuzzing runtimes of clang 14, llvm the symbolizer of their reports;
 # groff-base and zsh read the man page and the completions that kqp writes; python3-ezdxf makes drawings for the
 # tests and reads what was written; the window is used with a mouse in a virtual display under a window manager.
