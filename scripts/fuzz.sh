@@ -35,7 +35,7 @@ fi
 seconds=$1
 shift
 if [ $# -eq 0 ]; then
-    for program in build/fuzz/bin/*; do
+    for program in build/fuzz/bin/*_fuzz; do
         if [ -x "$program" ]; then
             set -- "$@" "${program##*/}"
         fi

@@ -16,6 +16,12 @@ namespace drafta {
 
 namespace {
 
+/// In high contrast the selection stays what it is without the keyboard.
+bool isPale(const QPalette& palette) {
+    return palette.color(QPalette::Inactive, QPalette::Highlight) !=
+           palette.color(QPalette::Active, QPalette::Highlight);
+}
+
 /// The selection of a view without the keyboard is pale, so that icons made for a strong one cannot be seen.
 QIcon onPaleSelection(const QStyleOptionViewItem& option) {
     const qreal ratio = option.widget ? option.widget->devicePixelRatioF() : 1.0;
@@ -45,7 +51,7 @@ void TreeRowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModel
     option->state.setFlag(QStyle::State_Selected, selected);
     option->state.setFlag(
         QStyle::State_HasFocus, control_.focus() == item && option->widget && option->widget->hasFocus());
-    if (selected && !option->state.testFlag(QStyle::State_Active))
+    if (selected && !option->state.testFlag(QStyle::State_Active) && isPale(option->palette))
         option->icon = onPaleSelection(*option);
 }
 
