@@ -64,6 +64,7 @@ public:
     PaletteFramework& palettes() noexcept { return palettes_; }
     HostProjectDatabase& projectDatabase() noexcept { return projectDatabase_; }
     MainWindow& mainWindow() noexcept { return mainWindow_; }
+    WaitCursor& waitCursor() noexcept { return waitCursor_; }
 
     /// Lets a window ask the questions, show the wait cursor and say whether a dialog is open in it; before
     /// modules are loaded. They outlive the host.

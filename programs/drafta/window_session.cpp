@@ -132,8 +132,7 @@ private:
     std::unique_ptr<Host> hostOwner_;
     Host& host_;
     FileDrawingSource drawings_;
-    WaitCursor waiting_;
-    QtWaitCursor waitCursor_{waiting_};
+    QtWaitCursor waitCursor_{host_.waitCursor()};
     QtUserInterface questions_{host_.userInterface(), context_, questionOptions()};
     std::optional<HostWindow> window_;
     bool opened_ = true;
