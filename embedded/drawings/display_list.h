@@ -108,7 +108,7 @@ struct DisplayList {
 /// What a list may take, so that no drawing can use up memory or time.
 struct DisplayLimits {
     std::size_t shapes = 2'000'000;     ///< in the list, and in the drawing
-    std::size_t steps = 8'000'000;      ///< shapes and references looked at while references are taken apart
+    std::size_t steps = 8'000'000;      ///< for taking references apart, and as many for filling hatches
     std::size_t textUnits = 16'000'000; ///< of all texts together
     std::size_t depth = 24;             ///< of references in blocks
     double coordinate = 1e12;           ///< largest magnitude

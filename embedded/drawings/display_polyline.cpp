@@ -7,11 +7,6 @@
 
 namespace drafta {
 
-namespace {
-
-constexpr double straight = 1e-9; // a bulge below this bends by less than any screen shows
-
-/// The piece with a bulge between two corners, in the plane of the polyline.
 DisplayArc bentPiece(PlanePoint from, PlanePoint to, double bulge) {
     const PlanePoint way = to - from;
     const PlanePoint left{-way.y, way.x};
@@ -21,13 +16,15 @@ DisplayArc bentPiece(PlanePoint from, PlanePoint to, double bulge) {
     return {centre, {radius, 0}, {0, radius}, std::atan2(arm.y, arm.x), 4 * std::atan(bulge), {}};
 }
 
+namespace {
+
 class Pieces {
 public:
     Pieces(const Polyline& polyline, DisplayBlock& block) : polyline_(polyline), block_(block) {}
 
     void add(const PolylineVertex& from, const PolylineVertex& to) const {
         const bool isWide = from.startWidth > 0 || from.endWidth > 0;
-        const bool isBent = std::abs(from.bulge) >= straight && !(from.place == to.place);
+        const bool isBent = std::abs(from.bulge) >= straightBulge && !(from.place == to.place);
         if (isBent && isWide)
             addWideArc(from, to);
         else if (isBent)

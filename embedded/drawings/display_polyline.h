@@ -13,12 +13,18 @@ struct PolylineVertex {
     double startWidth = 0, endWidth = 0;
 };
 
+/// A bulge below this bends by less than any screen shows.
+inline constexpr double straightBulge = 1e-9;
+
 struct Polyline {
     std::vector<PolylineVertex> vertices;
     bool isClosed = false;
     Affine plane;
     DisplayStyle style;
 };
+
+/// The piece with a bulge, which is not 0, between two corners; without a style.
+DisplayArc bentPiece(PlanePoint from, PlanePoint to, double bulge);
 
 /// The corners of a LWPOLYLINE record.
 Polyline lightPolyline(const DxfRecord& record);

@@ -1,5 +1,7 @@
 #include "embedded/drawings/display_reader.h"
 #include "embedded/drawings/display_geometry.h"
+#include "embedded/drawings/display_hatch.h"
+#include "embedded/drawings/display_spline.h"
 
 #include <algorithm>
 #include <array>
@@ -48,6 +50,8 @@ const DisplayReader::Kind* DisplayReader::kindOf(std::string_view name) {
         {"POLYLINE", &DisplayReader::polyline},
         {"SOLID", &DisplayReader::area},
         {"TRACE", &DisplayReader::area},
+        {"HATCH", &DisplayReader::hatch},
+        {"SPLINE", &DisplayReader::spline},
         {"POINT", &DisplayReader::point},
         {"ELLIPSE", &DisplayReader::ellipse},
         {"3DFACE", &DisplayReader::face},
@@ -201,6 +205,19 @@ void DisplayReader::face(const DxfRecord& record) {
         if ((hiddenEdges >> edge & 1) == 0)
             block_.lines.push_back(
                 {planePoint(record, 10 + edge), planePoint(record, 10 + (edge + 1) % corners), style_});
+}
+
+void DisplayReader::hatch(const DxfRecord& record) {
+    Hatch hatch = hatchOf(record);
+    hatch.fill.style = style_;
+    addHatch(hatch, block_, {room(), fillSteps_});
+}
+
+void DisplayReader::spline(const DxfRecord& record) {
+    const std::vector<PlanePoint> points = pointsOn(splineOf(record));
+    const std::size_t most = points.empty() ? 0 : std::min(points.size() - 1, room());
+    for (std::size_t i = 0; i < most; ++i)
+        block_.lines.push_back({points[i], points[i + 1], style_});
 }
 
 void DisplayReader::lightweight(const DxfRecord& record) {

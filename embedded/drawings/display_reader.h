@@ -14,7 +14,7 @@ public:
     /// Texts, and what was not understood, go to the list. All have to outlive this object.
     DisplayReader(
         const DrawingContent& content, DisplayTables& tables, const DisplayLimits& limits, DisplayList& list)
-        : content_(content), tables_(tables), limits_(limits), list_(list) {}
+        : content_(content), tables_(tables), limits_(limits), list_(list), fillSteps_(limits.steps) {}
 
     /// What lies in model space.
     DisplayBlock modelSpace();
@@ -41,6 +41,8 @@ private:
     void ellipse(const DxfRecord& record);
     void area(const DxfRecord& record);
     void face(const DxfRecord& record);
+    void hatch(const DxfRecord& record);
+    void spline(const DxfRecord& record);
     void lightweight(const DxfRecord& record);
     void polyline(const DxfRecord& record);
     void text(const DxfRecord& record);
@@ -61,6 +63,7 @@ private:
     DisplayStyle style_;     // of the record that is being read
     std::size_t shapes_ = 0; // of the blocks that are finished
     std::size_t textUnits_ = 0;
+    std::size_t fillSteps_; // that hatches may still take
     bool isModelSpace_ = false;
     bool isHeadHidden_ = false; // the entity whose parts follow is not shown
     bool hasAttributes_ = false;

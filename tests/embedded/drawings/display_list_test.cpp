@@ -85,6 +85,22 @@ struct Case {
     std::string entities, shapes;
 };
 
+double sizeOf(const DisplayList& list) {
+    double twice = 0;
+    for (const DisplayArea& area : list.areas)
+        for (int i = 0; i < 4; ++i) {
+            const PlanePoint from = area.corners[i], to = area.corners[(i + 1) % 4];
+            twice += from.x * to.y - to.x * from.y;
+        }
+    return twice / 2;
+}
+
+/// A square of a HATCH's outline, as a polyline.
+std::string square(const std::string& low, const std::string& high) {
+    return "|92 2|72 0|73 1|93 4|10 " + low + "|20 " + low + "|10 " + high + "|20 " + low + "|10 " + high +
+           "|20 " + high + "|10 " + low + "|20 " + high + "|97 0";
+}
+
 } // namespace
 
 TEST(DisplayList, entity_ofEachKind_isTheShapeThatItStandsFor) {
@@ -124,6 +140,80 @@ TEST(DisplayList, entity_ofEachKind_isTheShapeThatItStandsFor) {
     const DisplayList strange = listOf(pairs("0 HELIX|10 1|0 LINE|11 1|0 WIPEOUT"));
     EXPECT_EQ(strange.unknown, 2U);
     EXPECT_EQ(strange.lines.size(), 1U);
+}
+
+TEST(DisplayList, spline_goesThroughWhatDefinesIt) {
+    const std::vector<Case> cases{
+        {"0 SPLINE|71 1|40 0|40 0|40 1|40 2|40 2|10 0|20 0|10 1|20 0|10 1|20 2",
+            "line 0,0 1,0; line 1,0 1,2; "},
+        {"0 SPLINE|71 3|40 0|40 1|10 0|20 0|10 1|20 1", "line 0,0 1,1; "}, // too few knots
+        {"0 SPLINE|11 0|21 0|11 4|21 2", "line 0,0 4,2; "},
+        {"0 SPLINE|71 99|10 1|20 1|0 SPLINE", ""},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(described(listOf(pairs(c.entities))), c.shapes) << c.entities;
+
+    const DisplayList quarter =
+        listOf(pairs("0 SPLINE|71 2|40 0|40 0|40 0|40 1|40 1|40 1|41 1|41 0.70710678118654752|"
+                     "41 1|10 5|20 0|10 5|20 5|10 0|20 5"));
+    ASSERT_GT(quarter.lines.size(), 16U);
+    for (const DisplayLine& line : quarter.lines)
+        EXPECT_NEAR(std::hypot(line.to.x, line.to.y), 5, 1e-9);
+    EXPECT_EQ(at(quarter.lines.back().to), "0,5");
+
+    const DisplayList fitted = listOf(pairs("0 SPLINE|71 3|11 0|21 0|11 1|21 1|11 2|21 0"));
+    const auto ends = [&fitted](const char* place) {
+        return std::any_of(fitted.lines.begin(), fitted.lines.end(),
+            [place](const DisplayLine& line) { return at(line.to) == place; });
+    };
+    EXPECT_TRUE(ends("1,1") && ends("2,0"));
+}
+
+TEST(DisplayList, solidHatch_coversItsInside) {
+    const std::string twoLines = "|92 1|93 4|72 1|10 0|20 0|11 4|21 0|72 1|10 4|20 0|11 4|21 2";
+    const std::vector<std::pair<std::string, double>> cases{
+        {square("0", "4"), 16},
+        {square("0", "4") + square("1", "2"), 15},
+        {square("0", "4") + square("1", "3") + square("1.5", "2"), 12.25},
+        {twoLines + "|72 2|10 2|20 2|40 2|50 0|51 180|73 1|72 1|10 0|20 2|11 0|21 0",
+            8 + 2 * std::numbers::pi},
+        {twoLines + "|72 2|10 2|20 2|40 2|50 0|51 180|73 0|72 1|10 0|20 2|11 0|21 0",
+            8 - 2 * std::numbers::pi},
+        {"|92 2|72 1|73 1|93 2|10 0|20 0|42 1|10 2|20 0|42 1", std::numbers::pi},
+        {"|92 1|93 1|72 3|10 9|20 9|11 0|21 4|40 0.5|50 0|51 360|73 1", 8 * std::numbers::pi},
+        {"|92 1|93 2|72 1|10 4|20 0|11 0|21 0|72 4|94 1|73 0|74 0|95 5|96 3|40 0|40 0|40 1|40 2|40 2|10 0|20 "
+         "0|10 2|20 3|10 4|20 0",
+            6},
+        {"|92 1|93 3|72 1|10 0|20 0", 0},
+    };
+    for (const auto& [outline, size] : cases) {
+        const DisplayList list =
+            listOf(pairs("0 HATCH|10 0|20 0|30 0|2 SOLID|70 1|91 1" + outline + "|75 1"));
+        EXPECT_NEAR(std::abs(sizeOf(list)), size, 0.02 + size * 0.002) << outline;
+        EXPECT_TRUE(list.lines.empty()) << outline;
+    }
+    const DisplayList ring = listOf(pairs("0 HATCH|70 1" + square("0", "4") + square("1", "2") + "|75 1"));
+    EXPECT_EQ(ring.areas.size(), 4U); // strips go on past the corners of others
+}
+
+TEST(DisplayList, patternHatch_isLinesInsideIt) {
+    const auto hatch = [](const std::string& lines) {
+        return "0 HATCH|70 0" + square("0", "4") + square("1", "3") + "|75 0|76 1|52 0|41 1|77 0|78 1" +
+               lines;
+    };
+    const std::string outline = "line 0,0 4,0; line 4,0 4,4; line 4,4 0,4; line 0,4 0,0; line 1,1 3,1; line "
+                                "3,1 3,3; line 3,3 1,3; line 1,3 1,1; ";
+    const std::vector<Case> cases{
+        {hatch("|53 0|43 0|44 0.5|45 0|46 1.5|79 0"),
+            "line 0,0.5 4,0.5; line 0,2 1,2; line 3,2 4,2; line 0,3.5 4,3.5; "},
+        {hatch("|53 90|43 2|44 0|45 -9|46 0|79 0"), "line 2,0 2,1; line 2,3 2,4; "},
+        {hatch("|53 0|43 0|44 0.5|45 1|46 9|79 2|49 1|49 -2"), "line 0,0.5 1,0.5; line 3,0.5 4,0.5; "},
+        {hatch("|53 0|43 0|44 0|45 0|46 1e-9|79 0"), outline},
+        {hatch("|53 0|43 1e300|44 0|45 1e300|46 1e300|79 1|49 0"), outline},
+        {hatch("|53 0|43 0|44 0|45 0|46 0|79 0"), outline},
+    };
+    for (const Case& c : cases)
+        EXPECT_EQ(described(listOf(pairs(c.entities))), c.shapes) << c.entities;
 }
 
 TEST(DisplayList, reference_ofABlock_placesItsShapes) {
@@ -203,6 +293,9 @@ TEST(DisplayList, hostileDrawing_staysWithinTheLimits) {
         lines += line;
     const std::string circle =
         block("A", line + pairs("0 INSERT|2 B")) + block("B", line + pairs("0 INSERT|2 A"));
+    std::string comb = "0 HATCH|70 1|92 2|72 0|73 1|93 999"; // edges that all cross at most heights
+    for (int i = 0; i < 400; ++i)
+        comb += "|10 " + std::to_string(i) + "|20 " + std::to_string(i % 2 == 0 ? i : 1000 - i);
     const DisplayLimits limits{1000, 50000, 100, 24, 1e12};
     struct Attack {
         std::string entities, blocks;
@@ -222,6 +315,8 @@ TEST(DisplayList, hostileDrawing_staysWithinTheLimits) {
         {"0 ARC|40 1e308|51 1e308|0 CIRCLE|40 -1|0 ELLIPSE|11 1e200|210 1e200|230 1e-300|40 1e300", "", 0, 2,
             false},
         {"0 LWPOLYLINE|10 0|42 1e-300|10 1|42 1e300|10 2|42 1|10 2|20 0|10 1e300", "", 2, 2, false},
+        {comb, "", 400, 0, false}, // the outline
+        {"0 HATCH|70 1" + square("-1e300", "1e300") + "|75 0|0 HATCH|75 0|78 1|53 1", "", 0, 0, false},
         {"0 TEXT|40 1e300|1 x|0 TEXT|40 1|41 1e300|1 y|0 TEXT|40 1|51 90|1 z", "", 0, 3, false},
         {"0 VERTEX|0 SEQEND|0 ATTRIB|0 POLYLINE|0 INSERT|2 |0 SOLID|0 MTEXT|0 ELLIPSE|0 VERTEX|10 1",
             block("", line), 3, 0, false},
