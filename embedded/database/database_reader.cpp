@@ -17,7 +17,7 @@ constexpr std::size_t mostKept = 32; // databases; about as many projects are ev
 struct TableResult {
     std::optional<DatabaseTable> table;
     ryv::CString problem;
-    bool isLasting = true; ///< as long as the file stays the same
+    ReadFault fault = ReadFault::ofFile;
 };
 
 } // namespace
@@ -27,12 +27,22 @@ struct DatabaseReader::Known {
     std::string native;
     DatabaseFile file;
     std::map<ryv::CString, TableResult> tables; // by name in capitals
+    ReadPatience::File patience;
+};
+
+/// What recordsets need, also after the reader's end.
+struct DatabaseReader::Shared {
+    explicit Shared(DatabaseReaderOptions its)
+        : options(std::move(its)), patience(options.limits.time, options.now) {}
+
+    const DatabaseReaderOptions options;
+    ReadPatience patience;
 };
 
 class DatabaseReader::Recordset final : public ryv::DatabaseRecordset {
 public:
-    Recordset(std::shared_ptr<Known> database, std::shared_ptr<const DatabaseReaderOptions> options)
-        : database_(std::move(database)), options_(std::move(options)) {}
+    Recordset(std::shared_ptr<Known> database, std::shared_ptr<Shared> shared)
+        : database_(std::move(database)), shared_(std::move(shared)) {}
 
     bool query(const ryv::DatabaseQuery& query, ryv::CStringArray& row, ryv::CString& problem) override {
         TableResult& result = tableOf(query.table);
@@ -62,29 +72,53 @@ private:
     }
 
     void read(const ryv::CString& name, TableResult& result) const {
-        const ReaderLimits& limits = options_->limits;
-        if (database_->file.kind == DatabaseKind::sqlite)
-            result.table = readSqliteTable(database_->native, name, limits.time, result.problem);
-        else
-            result.table = readMdbTable(options_->program, database_->file.descriptor.get(), name, limits,
-                result.problem, result.isLasting);
+        const DatabaseReaderOptions& options = shared_->options;
+        if (database_->file.kind == DatabaseKind::sqlite) {
+            result.table = readSqliteTable(database_->native, name, options.limits.time, result.problem);
+            return;
+        }
+        ReaderLimits limits = options.limits;
+        limits.time = shared_->patience.limitFor(database_->patience);
+        result.table = readMdbTable(
+            options.program, database_->file.descriptor.get(), name, limits, result.problem, result.fault);
+        if (!result.table && result.fault == ReadFault::ofTime)
+            shared_->patience.timedOut(database_->patience);
     }
 
     std::shared_ptr<Known> database_;
-    std::shared_ptr<const DatabaseReaderOptions> options_;
+    std::shared_ptr<Shared> shared_;
 };
 
+std::chrono::milliseconds DatabaseReaderOptions::steadyNow() {
+    return std::chrono::duration_cast<std::chrono::milliseconds>(
+        std::chrono::steady_clock::now().time_since_epoch());
+}
+
 DatabaseReader::DatabaseReader(DatabaseReaderOptions options)
-    : options_(std::make_shared<const DatabaseReaderOptions>(std::move(options))) {}
+    : shared_(std::make_shared<Shared>(std::move(options))) {}
 
 DatabaseReader::~DatabaseReader() = default;
+
+/// What is forgotten is read again at the next question.
+void DatabaseReader::forgetFailures(Known& database) {
+    const bool mayRetry = shared_->patience.mayRetry(database.patience);
+    bool retries = false;
+    std::erase_if(database.tables, [&](const auto& each) {
+        const TableResult& result = each.second;
+        const bool isDue = !result.table && result.fault == ReadFault::ofTime && mayRetry;
+        retries = retries || isDue;
+        return isDue || (!result.table && result.fault == ReadFault::ofReader);
+    });
+    if (retries)
+        shared_->patience.retry(database.patience);
+}
 
 std::shared_ptr<DatabaseReader::Known> DatabaseReader::known(const std::string& native, DatabaseFile& file) {
     const auto hit = std::find_if(
         jets_.begin(), jets_.end(), [&native](const auto& each) { return each->native == native; });
     if (hit != jets_.end() && file.kind == DatabaseKind::jet && (*hit)->file.isSameState(file)) {
         std::rotate(hit, hit + 1, jets_.end());
-        std::erase_if(jets_.back()->tables, [](const auto& each) { return !each.second.isLasting; });
+        forgetFailures(*jets_.back());
         return jets_.back();
     }
     if (hit != jets_.end())
@@ -105,7 +139,7 @@ std::unique_ptr<ryv::DatabaseRecordset> DatabaseReader::open(
     DatabaseFile file;
     if (!openDatabaseFile(native, file, problem))
         return nullptr;
-    return std::make_unique<Recordset>(known(native, file), options_);
+    return std::make_unique<Recordset>(known(native, file), shared_);
 }
 
 } // namespace drafta

@@ -2,9 +2,11 @@
 #pragma once
 
 #include "embedded/database/database_file.h"
+#include "embedded/database/read_patience.h"
 #include "embedded/database/reader_process.h"
 #include "platform/services/project_database.h"
 
+#include <chrono>
 #include <memory>
 #include <vector>
 
@@ -13,11 +15,16 @@ namespace drafta {
 struct DatabaseReaderOptions {
     std::string program; ///< native path of drafta-mdb-reader
     ReaderLimits limits;
+    /// Time that only goes on, for the pauses between attempts.
+    ReadPatience::Clock now = steadyNow;
+
+    static std::chrono::milliseconds steadyNow();
 };
 
 /// Opens databases of either kind. What was found in a Jet database is kept as long as the file stays the
 /// same: trees ask again at every turn, and a damaged file would cost the whole time limit each time. What
-/// another cause made fail, as a reader that could not be started, is tried again by the next open().
+/// another cause made fail, as a reader that could not be started, is tried again by the next open(), and so
+/// is a read that took too long, within the bounds of ReadPatience.
 class DatabaseReader {
 public:
     explicit DatabaseReader(DatabaseReaderOptions options);
@@ -32,9 +39,12 @@ public:
 
 private:
     struct Known;
+    struct Shared;
     std::shared_ptr<Known> known(const std::string& native, DatabaseFile& file);
 
-    std::shared_ptr<const DatabaseReaderOptions> options_;
+    void forgetFailures(Known& database);
+
+    std::shared_ptr<Shared> shared_;
     std::vector<std::shared_ptr<Known>> jets_; // the one that was asked for last is the last
 
     class Recordset;

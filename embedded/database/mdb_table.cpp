@@ -113,13 +113,19 @@ ryv::CStringView describe(ReaderEnd end) {
     return nonsense;
 }
 
+ReadFault faultOf(ReaderEnd end) {
+    if (end == ReaderEnd::notStarted)
+        return ReadFault::ofReader;
+    return end == ReaderEnd::timedOut ? ReadFault::ofTime : ReadFault::ofFile;
+}
+
 } // namespace
 
 std::optional<DatabaseTable> readMdbTable(const std::string& reader, int file, ryv::CStringView table,
-    const ReaderLimits& limits, ryv::CString& problem, bool& isOfFile) {
+    const ReaderLimits& limits, ryv::CString& problem, ReadFault& fault) {
     std::string output;
     const ReaderEnd end = runReader(reader, {ryv::toUtf8(table)}, file, limits, output);
-    isOfFile = end != ReaderEnd::notStarted;
+    fault = faultOf(end);
     if (end == ReaderEnd::complete)
         return tableIn(output, problem);
     problem = describe(end);

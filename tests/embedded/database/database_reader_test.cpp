@@ -1,6 +1,7 @@
 // Questions to databases that are as they should be, and to files that are none.
 #include "tests/embedded/database/database_fixture.h"
 
+#include <set>
 #include <sqlite3.h>
 
 namespace drafta::test {
@@ -118,6 +119,62 @@ TEST_F(DatabaseReaderTest, databases_asManyAsAreOpenTogether_areReadOnce) {
     EXPECT_EQ(folder.read("runs").size(), std::string("run\n").size() * 33);
     askAgain(1);
     EXPECT_EQ(folder.read("runs").size(), std::string("run\n").size() * 34);
+}
+
+TEST_F(DatabaseReaderTest, slowRead_isTriedAgainAfterAPause) {
+    using namespace std::chrono_literals;
+    std::chrono::milliseconds time = 1h;
+    options = {
+        script("echo run >> '" + folder.native("runs") + "'\nsleep 60"), {200ms}, [&time] { return time; }};
+    DatabaseReader slow(options);
+    const auto askAgain = [&] {
+        CString problem;
+        return ask(*slow.open(folder.native("DEMO.mdb"), problem), u"C:/PROJ/DEMO/PANEL01.DWG", u"SH");
+    };
+    const std::string tooLong = "DEMO.mdb: reading it takes too long; it may be damaged";
+    EXPECT_EQ(askAgain(), tooLong);
+    time += 1199ms;
+    EXPECT_EQ(askAgain(), tooLong);
+    EXPECT_EQ(folder.read("runs"), "run\n");
+    time += 1ms;
+    EXPECT_EQ(askAgain(), tooLong);
+    EXPECT_EQ(folder.read("runs"), "run\nrun\n");
+    script("printf 'p\\002\\000\\000\\000ok'");
+    time += 2399ms; // a pause twice as long
+    EXPECT_EQ(askAgain(), tooLong);
+    time += 1ms;
+    EXPECT_EQ(askAgain(), "DEMO.mdb: ok");
+}
+
+TEST(ReadPatienceTest, hangingDisk_costsLittleMoreThanOneFile) {
+    using namespace std::chrono_literals;
+    std::chrono::milliseconds time = 1h;
+    ReadPatience patience(5s, [&time] { return time; });
+    std::vector<ReadPatience::File> files(30);
+    const auto readAll = [&] {
+        const auto start = time;
+        for (ReadPatience::File& file : files) {
+            const bool isFirst = file.tryAgainAt == 0ms;
+            if (!isFirst && !patience.mayRetry(file))
+                continue;
+            if (!isFirst)
+                patience.retry(file);
+            time += patience.limitFor(file);
+            patience.timedOut(file);
+        }
+        return time - start;
+    };
+    EXPECT_EQ(readAll(), 5s + 29 * 500ms);
+    EXPECT_EQ(readAll(), 0s);
+    std::set<std::size_t> tried;
+    for (int turn = 0; turn < 200; ++turn) { // none keeps the others from being tried
+        time += 35s;
+        EXPECT_LE(readAll(), 5s);
+        for (std::size_t i = 0; i < files.size(); ++i)
+            if (files[i].pauses > 2)
+                tried.insert(i);
+    }
+    EXPECT_EQ(tried.size(), files.size());
 }
 
 TEST_F(DatabaseReaderTest, noDatabase_opened_saysWhatItIs) {
