@@ -2,8 +2,7 @@
 // drawings, and the memory of a row. Each beside its yardstick, in turn with it. Processor time, the least of
 // the runs.
 
-#include "bench/support/open_projects.h"
-#include "bench/support/processor_time.h"
+#include "bench/support/tree_bench.h"
 #include "embedded/database/database_reader.h"
 #include "model/kqp_filer.h"
 
@@ -14,26 +13,7 @@
 
 namespace {
 
-using bench::CString;
-using bench::Least;
-using bench::OpenProjects;
-using bench::ProjectTree;
-using bench::require;
-using bench::sizeOf;
-using ryv::TreeItem;
-
-void report(benchmark::State& state, const Least& yardstick, const Least& measured) {
-    state.SetIterationTime(measured.seconds());
-    state.counters["yardstick, ms"] = yardstick.milliseconds();
-    state.counters["measured, ms"] = measured.milliseconds();
-    state.counters["ratio"] = measured.seconds() / yardstick.seconds();
-}
-
-void readPlain(const CString& project) {
-    ryv::RyvPrmProjectData data;
-    bench::readProject(project, data);
-    benchmark::DoNotOptimize(&data);
-}
+using namespace bench;
 
 // Building -----------------------------------------------------------------------------------------------
 
@@ -44,7 +24,7 @@ std::size_t heapBytes() {
 
 /// All rows of 30 projects; the yardstick reads the files.
 void buildAll(benchmark::State& state) {
-    OpenProjects projects(bench::manyProjects, sizeOf(state));
+    OpenProjects projects(manyProjects, sizeOf(state));
     Least read, build;
     double bytes = 0;
     std::size_t rows = 0;
@@ -55,9 +35,9 @@ void buildAll(benchmark::State& state) {
         });
         const std::size_t before = heapBytes();
         std::unique_ptr<ProjectTree> tree;
-        build.measure([&] { tree = bench::buildTree(); });
+        build.measure([&] { tree = buildTree(); });
         bytes = static_cast<double>(heapBytes() - before);
-        rows = bench::countRows(*tree);
+        rows = countRows(*tree);
         report(state, read, build);
     }
     state.counters["rows"] = static_cast<double>(rows);
@@ -81,15 +61,15 @@ public:
 
 /// One of 30 projects is read again with one drawing changed; the yardstick reads its file.
 void reReadOne(benchmark::State& state) {
-    OpenProjects projects(bench::manyProjects, sizeOf(state));
-    const auto tree = bench::buildTree();
+    OpenProjects projects(manyProjects, sizeOf(state));
+    const auto tree = buildTree();
     tree->expandAll(nullptr, true);
-    const std::string text = bench::projectText(sizeOf(state));
-    const CString project = projects.ids[bench::manyProjects / 2];
+    const std::string text = projectText(sizeOf(state));
+    const CString project = projects.ids[manyProjects / 2];
     Least read, follow;
     int turn = 0;
     for (auto _ : state) {
-        projects.put("p15.kqp", bench::withOneChange(text, ++turn));
+        projects.put("p15.kqp", withOneChange(text, ++turn));
         read.measure([&] { readPlain(project); });
         View view;
         tree->attach(view);
@@ -104,12 +84,12 @@ void reReadOne(benchmark::State& state) {
 
 /// The yardstick walks all rows.
 void expandAll(benchmark::State& state) {
-    const OpenProjects projects(bench::manyProjects, sizeOf(state));
-    const auto tree = bench::buildTree();
+    const OpenProjects projects(manyProjects, sizeOf(state));
+    const auto tree = buildTree();
     Least walk, expand;
     for (auto _ : state) {
         tree->expandAll(nullptr, false);
-        walk.measure([&] { benchmark::DoNotOptimize(bench::countRows(*tree)); });
+        walk.measure([&] { benchmark::DoNotOptimize(countRows(*tree)); });
         expand.measure([&] { tree->expandAll(nullptr, true); });
         report(state, walk, expand);
     }
@@ -117,8 +97,8 @@ void expandAll(benchmark::State& state) {
 
 /// The yardstick puts pointers to all rows into a vector.
 void selectAll(benchmark::State& state) {
-    const OpenProjects projects(bench::manyProjects, sizeOf(state));
-    const auto tree = bench::buildTree();
+    const OpenProjects projects(manyProjects, sizeOf(state));
+    const auto tree = buildTree();
     tree->expandAll(nullptr, true);
     Least collect, select;
     for (auto _ : state) {
@@ -130,7 +110,7 @@ void selectAll(benchmark::State& state) {
         });
         tree->setSelection({});
         select.measure([&] { tree->selectAll(); });
-        require(tree->selectionCount() == bench::countRows(*tree), "not all rows are selected");
+        require(tree->selectionCount() == countRows(*tree), "not all rows are selected");
         report(state, collect, select);
     }
 }
@@ -139,9 +119,9 @@ void selectAll(benchmark::State& state) {
 /// tree.
 void filterKey(benchmark::State& state) {
     const OpenProjects projects(1, sizeOf(state));
-    const auto tree = bench::buildTree();
+    const auto tree = buildTree();
     Least pass;
-    std::vector<Least> keys(bench::filterKeys().size());
+    std::vector<Least> keys(filterKeys().size());
     for (auto _ : state) {
         pass.measure([&] {
             const ryv::TreeFilter filter(u"pump");
@@ -151,7 +131,7 @@ void filterKey(benchmark::State& state) {
             require(found >= sizeOf(state), "the filter finds too little");
         });
         for (std::size_t key = 0; key < keys.size(); ++key)
-            keys[key].measure([&] { tree->setFilter(bench::filterKeys()[key]); });
+            keys[key].measure([&] { tree->setFilter(filterKeys()[key]); });
         report(state, pass, *std::max_element(keys.begin(), keys.end(), [](const Least& a, const Least& b) {
             return a.seconds() < b.seconds();
         }));
@@ -175,7 +155,7 @@ void dragTenth(benchmark::State& state) {
     for (auto _ : state) {
         OpenProjects projects(1, sizeOf(state));
         const CString project = projects.ids.front();
-        const auto tree = bench::buildTree();
+        const auto tree = buildTree();
         tree->expandAll(nullptr, true);
         const std::vector<TreeItem*> rows = aTenth(*tree);
         require(rows.size() == sizeOf(state) / 10, "not a tenth of the drawings");
@@ -207,7 +187,7 @@ void dragTenth(benchmark::State& state) {
 constexpr std::size_t drawingsOfDatabase = 10'000;
 
 /// The recorded database; a reader that has not seen it yet.
-class RecordedDatabase final : public bench::NoDatabase {
+class RecordedDatabase final : public NoDatabase {
 public:
     bool PmGetProjectDb(ryv::CStringView, CString& path) override {
         path = u"recorded";
@@ -253,12 +233,12 @@ void labelsFromDatabase(benchmark::State& state) {
     Least without, scanned, with, yardstick;
     for (auto _ : state) {
         port = &projects.database;
-        without.measure([&] { bench::buildTree(); });
+        without.measure([&] { buildTree(); });
         scanned.measure(scan);
         RecordedDatabase database;
         port = &database;
         std::unique_ptr<ProjectTree> tree;
-        with.measure([&] { tree = bench::buildTree(); });
+        with.measure([&] { tree = buildTree(); });
         require(tree->child(tree->child(nullptr, 0), drawingsOfDatabase - 2)->label() ==
                     u"PLANT3 - CAB39 - 9999 - E-09999 - DWG09999.dwg",
             "a label is wrong");
@@ -271,7 +251,7 @@ void labelsFromDatabase(benchmark::State& state) {
 }
 
 void set(benchmark::internal::Benchmark* benchmark) {
-    benchmark->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(5);
+    measureTurns(benchmark, 5);
 }
 
 void eachOfThirty(benchmark::internal::Benchmark* benchmark) {

@@ -2,8 +2,7 @@
 // 30 projects until it is painted, and scrolling through all of it. Each beside its yardstick, in turn with
 // it. Processor time, the least of the runs.
 
-#include "bench/support/open_projects.h"
-#include "bench/support/processor_time.h"
+#include "bench/support/tree_bench.h"
 #include "embedded/qt/qt_text.h"
 #include "embedded/qt/tree/tree_view.h"
 
@@ -13,13 +12,7 @@
 
 namespace {
 
-using bench::CString;
-using bench::Least;
-using bench::OpenProjects;
-using bench::ProjectTree;
-using bench::require;
-using bench::sizeOf;
-using ryv::TreeItem;
+using namespace bench;
 
 /// Shown, and painted whenever it is asked to be.
 template <class View>
@@ -69,18 +62,15 @@ drafta::ViewContext& context() {
 /// From an empty palette to the first rows of a project, expanded; the yardstick reads the file.
 void firstScreen(benchmark::State& state) {
     OpenProjects projects;
-    const CString project = projects.put("p.kqp", bench::projectText(sizeOf(state)));
+    const CString project = projects.put("p.kqp", projectText(sizeOf(state)));
     Least read, open, rows, paint, all;
     for (auto _ : state) {
-        read.measure([&] {
-            ryv::RyvPrmProjectData data;
-            bench::readProject(project, data);
-        });
+        read.measure([&] { readPlain(project); });
         ProjectTree tree;
         Screen<drafta::TreeView> screen(static_cast<ryv::TreeControl&>(tree), context());
-        const double opening = bench::processorSecondsOf([&] { projects.open(project); });
-        const double building = bench::processorSecondsOf([&] { tree.onProjectOpen(project); });
-        const double painting = bench::processorSecondsOf([&] {
+        const double opening = processorSecondsOf([&] { projects.open(project); });
+        const double building = processorSecondsOf([&] { tree.onProjectOpen(project); });
+        const double painting = processorSecondsOf([&] {
             tree.expand(*tree.child(nullptr, 0), true);
             screen.paint();
         });
@@ -110,7 +100,7 @@ using Times = std::array<double, stepCount>;
 template <class Paint>
 Times walkThrough(ProjectTree& tree, OpenProjects& projects, const Paint& paint) {
     const auto measure = [&](const auto& work) {
-        return bench::processorSecondsOf([&] {
+        return processorSecondsOf([&] {
             work();
             paint();
         });
@@ -118,11 +108,10 @@ Times walkThrough(ProjectTree& tree, OpenProjects& projects, const Paint& paint)
     Times times{};
     times[build] = measure([&] { tree.HookProjectEvents(); });
     times[expand] = measure([&] { tree.expandAll(nullptr, true); });
-    for (const CString& text : bench::filterKeys())
+    for (const CString& text : filterKeys())
         times[key] = std::max(times[key], measure([&] { tree.setFilter(text); }));
-    times[reRead] = measure([&] {
-        require(projects.manager().reReadProject(projects.ids[bench::manyProjects / 2]), "not read again");
-    });
+    times[reRead] = measure(
+        [&] { require(projects.manager().reReadProject(projects.ids[manyProjects / 2]), "not read again"); });
     times[select] = measure([&] { tree.selectAll(); });
     tree.UnhookProjectEvents();
     return times;
@@ -130,14 +119,14 @@ Times walkThrough(ProjectTree& tree, OpenProjects& projects, const Paint& paint)
 
 /// 30 projects; the yardstick is the same without a view.
 void untilPainted(benchmark::State& state) {
-    OpenProjects projects(bench::manyProjects, sizeOf(state));
-    const std::string text = bench::projectText(sizeOf(state));
+    OpenProjects projects(manyProjects, sizeOf(state));
+    const std::string text = projectText(sizeOf(state));
     std::array<Least, stepCount> bare, shown;
     int turn = 0;
     const auto add = [&](std::array<Least, stepCount>& least, const Times& times) {
         for (std::size_t step = 0; step < stepCount; ++step)
             least[step].add(times[step]);
-        projects.put("p15.kqp", bench::withOneChange(text, ++turn));
+        projects.put("p15.kqp", withOneChange(text, ++turn));
     };
     for (auto _ : state) {
         {
@@ -183,8 +172,8 @@ std::size_t scrollThrough(View& screen) {
 
 /// All rows of 30 projects; the yardstick is a plain tree view of the same library with rows of its own.
 void scrollPages(benchmark::State& state) {
-    const OpenProjects projects(bench::manyProjects, sizeOf(state));
-    const auto tree = bench::buildTree();
+    const OpenProjects projects(manyProjects, sizeOf(state));
+    const auto tree = buildTree();
     tree->expandAll(nullptr, true);
     QStandardItemModel model;
     copyRows(*tree, model);
@@ -209,13 +198,17 @@ void scrollPages(benchmark::State& state) {
     state.counters["ratio"] = ofOurs / ofPlain;
 }
 
-void set(benchmark::internal::Benchmark* benchmark) {
-    benchmark->Unit(benchmark::kMillisecond)->UseManualTime();
+void fiveTurns(benchmark::internal::Benchmark* benchmark) {
+    measureTurns(benchmark, 5);
 }
 
-BENCHMARK(firstScreen)->Arg(1'000)->Arg(10'000)->Arg(100'000)->Apply(set)->Iterations(5);
-BENCHMARK(untilPainted)->Arg(50)->Arg(500)->Arg(5'000)->Apply(set)->Iterations(5);
-BENCHMARK(scrollPages)->Arg(50)->Arg(500)->Arg(5'000)->Apply(set)->Iterations(2);
+void twoTurns(benchmark::internal::Benchmark* benchmark) {
+    measureTurns(benchmark, 2);
+}
+
+BENCHMARK(firstScreen)->Arg(1'000)->Arg(10'000)->Arg(100'000)->Apply(fiveTurns);
+BENCHMARK(untilPainted)->Arg(50)->Arg(500)->Arg(5'000)->Apply(fiveTurns);
+BENCHMARK(scrollPages)->Arg(50)->Arg(500)->Arg(5'000)->Apply(twoTurns);
 
 } // namespace
 

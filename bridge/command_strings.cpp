@@ -75,9 +75,14 @@ void runInApplicationContext(CommandString command) {
 }
 
 bool openDrawing(CStringView path) {
-    if (breaksOutOfQuotes(path) || !platform().host.documents->hasCurrentDocument() || !isFile(path))
+    if (breaksOutOfQuotes(path) || !isFile(path))
         return false;
-    send(format(openCommand, {path}), true);
+    if (platform().host.documents->hasCurrentDocument())
+        send(format(openCommand, {path}), true);
+    else
+        platform().host.documents->executeInApplicationContext([path = CString(path)] {
+            platform().host.commands->runCommand({u"_.open", path});
+        });
     return true;
 }
 

@@ -36,9 +36,9 @@ void queueCommandString(CommandString command);
 /// then the command is queued, for the document that is current by that time.
 void runInApplicationContext(CommandString command);
 
-/// Queues the command that opens a drawing, with echo. False, and nothing queued, when there is no file of
-/// that path or no current document, or when the path holds a double quote or a control unit: the host would
-/// take what follows it for further commands.
+/// Queues the command that opens a drawing, with echo; without a current document the host runs it outside of
+/// documents. False, and nothing queued, when there is no file of that path, or when the path holds a double
+/// quote or a control unit: the host would take what follows it for further commands.
 bool openDrawing(CStringView path);
 
 /// True when the current document is at rest: no command, LISP or dialog at work. Also true when there is no

@@ -31,7 +31,8 @@ RYV_EXPORT bool checkQuiescentState();
 /// the answer, so the answer stays.
 RYV_EXPORT bool checkZeroDocState();
 
-/// Takes a palette out of the Project Manager's palette set; null, and one of another set, is ignored.
+/// Takes a palette out of the Project Manager's palette set; null, and one of another set, is ignored. What a
+/// command of the palette has begun, which may be waiting for an answer, comes to its end all the same.
 RYV_EXPORT void removeLocationPalette(HostPalette* palette);
 
 } // namespace ryv

@@ -22,6 +22,12 @@ void RyvPrmPalette::showDetails() {
     tree().GetDisplayDetails(text);
     details_.setText(std::move(text));
     preview_.setDrawing(tree().previewedDrawing());
+    watch_.follow(preview_.drawing());
+}
+
+void RyvPrmPalette::drawingChanged() {
+    showDetails();
+    preview_.refresh();
 }
 
 void RyvPrmPalette::saveLayout(WorkspaceNode& node) const {

@@ -2,6 +2,7 @@
 // selected there.
 #pragma once
 
+#include "host/drawing_watch.h"
 #include "platform/host/palettes.h"
 #include "toolkit/picture.h"
 #include "toolkit/text_field.h"
@@ -22,6 +23,7 @@ public:
 
     HostPalette& host() const noexcept { return host_; }
 
+    RyvPrmProjectTab& tab() noexcept { return tab_; }
     CProjectTree& tree() noexcept { return tab_.tree(); }
 
     /// Read-only text about what is selected.
@@ -38,11 +40,13 @@ public:
 
 private:
     void showDetails();
+    void drawingChanged();
 
     HostPalette& host_;
     RyvPrmProjectTab tab_;
     TextField details_;
     Picture preview_;
+    DrawingWatch watch_{[this] { drawingChanged(); }};
     Subscription subscription_;
 };
 

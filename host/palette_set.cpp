@@ -86,7 +86,7 @@ void RyvPrmPaletteSet::stopRetryTimer() {
 void RyvPrmPaletteSet::removePalette(HostPalette& palette) {
     const bool isOurs = palette_ && &palette_->host() == &palette;
     if (host_ && host_->removePalette(palette) && isOurs)
-        palette_.reset();
+        leaving_.take(std::move(palette_));
 }
 
 std::intptr_t RyvPrmPaletteSet::onMessage(std::uint32_t number, std::uintptr_t first, std::intptr_t) {

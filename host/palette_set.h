@@ -2,6 +2,7 @@
 // active project.
 #pragma once
 
+#include "host/leaving_palettes.h"
 #include "manager/reread_timers.h"
 #include "platform/host/palettes.h"
 
@@ -36,7 +37,8 @@ public:
     /// Starts the timer unless it runs.
     void startRetryTimer();
 
-    /// Takes a palette out; one that is not of this set is left alone.
+    /// Takes a palette out; one that is not of this set is left alone. May be called from whatever the
+    /// palette's own tree calls: what is under way in it comes to its end.
     void removePalette(HostPalette& palette);
     /// Null before create(), and when it was removed.
     RyvPrmPalette* palette() const noexcept { return palette_.get(); }
@@ -57,6 +59,7 @@ private:
 
     RyvPrmNavManager& owner_;
     std::unique_ptr<RyvPrmPalette> palette_; // what it shows outlives the host's side of it
+    LeavingPalettes leaving_;
     std::unique_ptr<HostPaletteSet> host_;
     bool timerRuns_ = false;
     int savedActivePalette_ = -1;

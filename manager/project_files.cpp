@@ -104,6 +104,10 @@ _lockStatus RyvPrmProjectManager::whoHasProjectFileLocked(
     return status;
 }
 
+std::optional<LockFailure> RyvPrmProjectManager::takeLockFailure() {
+    return locker_ ? locker_->takeFailure() : std::nullopt;
+}
+
 bool RyvPrmProjectManager::lockProjectFiles(CStringList& locked) {
     CStringList files;
     return getProjectFiles(files) &&

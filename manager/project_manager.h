@@ -74,6 +74,8 @@ public:
     bool getProjectDbFullPath(OptionalPath projectId, CString& path) const;
     IRyvAddinHandler* getAddinHandler() const noexcept { return addinHandler_; }
     CList<_filetimer>& getFileTimerList() noexcept { return timers_.list(); }
+    /// Also for files that belong to no project; those of projects are the manager's own.
+    RyvPrmFileNotifier& getFileNotifier() noexcept { return *notifier_; }
 
     // Open, activate, close -----------------------------------------------------------------------------
 
@@ -162,6 +164,8 @@ public:
     bool isProjectFileLocked(OptionalPath path);
     _lockStatus whoHasProjectFileLocked(OptionalPath path, CString* who);
     _lockStatus whoHasProjectFileLocked(OptionalPath path, CString* who, CString* machine, CString* time);
+    /// Why the latest lock that failed could not be taken; each failure is given once.
+    std::optional<LockFailure> takeLockFailure();
     /// Has LISP check and lock all files of the active project; those locked by the call are added to
     /// `locked`. False also without an active project.
     bool lockProjectFiles(CStringList& locked);

@@ -67,8 +67,12 @@ bool RyvPrmVirtualFileLocker::lockFile(CStringView path) {
     lock->lockedFile = path;
     lock->lockFile = lockFileNameFor(files, path);
     const FileStatus taken = takeLockFile(files, lock->lockFile, *record, lock->file);
-    if (!taken.ok()) // another process may have been faster, of this user too
-        return taken.error == FileError::busy && whoLocked(path, who) == lockMine;
+    if (!taken.ok()) { // another process may have been faster, of this user too
+        if (taken.error == FileError::busy && whoLocked(path, who) == lockMine)
+            return true;
+        failure_ = LockFailure{CString(path), taken};
+        return false;
+    }
     lock->isOpen = true;
     // One taken before under this name went when somebody removed its lock file.
     std::erase_if(locks_, [&](const auto& each) { return each->lockFile == lock->lockFile; });

@@ -6,6 +6,8 @@
 #include "siblings/stdio_file_ex.h"
 
 #include <memory>
+#include <optional>
+#include <utility>
 
 namespace ryv {
 
@@ -32,6 +34,12 @@ struct _fileLockData {
     RyvStdioFileEx file; ///< the lock file, open as long as the lock is held
 };
 
+/// A lock file that could not be made.
+struct LockFailure {
+    CString file; ///< that was to be locked
+    FileStatus status;
+};
+
 /// The locks of this process. A locked file itself is never opened; beside it a hidden lock file says who and
 /// when (siblings/lock_file.h), and dies with the process, which the next question of any process finds out.
 ///
@@ -52,6 +60,9 @@ public:
     /// has it, when the file is read-only, when the current user is not known, or when the lock file cannot
     /// be made. A file that does not exist yet can be locked, but that lock is not confirmed.
     bool lockFile(CStringView path);
+
+    /// The latest lock file that lockFile() could not make, and why; each is given once.
+    std::optional<LockFailure> takeFailure() { return std::exchange(failure_, std::nullopt); }
 
     /// Releases a lock that this process took under that name, case ignored; false, and nothing deleted, when
     /// there is none.
@@ -74,6 +85,7 @@ private:
     void release(_fileLockData& lock);
 
     CArray<std::unique_ptr<_fileLockData>> locks_; // in the order in which they were taken
+    std::optional<LockFailure> failure_;
 };
 
 } // namespace ryv

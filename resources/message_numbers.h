@@ -75,6 +75,7 @@ inline constexpr int workItemsGone = 409;   ///< name of the project
 inline constexpr int projectNotWrittenTitle = 410;
 inline constexpr int projectNotWritten = 411;      ///< file, reason
 inline constexpr int projectNotWrittenStale = 412; ///< file, reason, why it could not be read again
+inline constexpr int workRefusedByDisk = 413;      ///< file, reason; in the notice line again
 
 // Commands of the project tree; "&" marks the letter that chooses one in its menu.
 inline constexpr int commandActivate = 420;
@@ -122,13 +123,12 @@ inline constexpr int copyDrawingTitle = 463;    ///< name of the drawing; also o
 inline constexpr int copyIntoProject = 464;     ///< label of the form's field
 inline constexpr int currentDrawingBusy = 465;
 inline constexpr int currentDrawingBusyTitle = 466;
-inline constexpr int projectNotOpened = 467; ///< file; a box, as the next five
+inline constexpr int projectNotOpened = 467; ///< file; a box, as the next four
 inline constexpr int projectNotOpenedTitle = 468;
-inline constexpr int drawingIsOpen = 469;        ///< name of the drawing
 inline constexpr int drawingIsListed = 470;      ///< name of the drawing, name of the project
 inline constexpr int drawingExists = 471;        ///< file
 inline constexpr int drawingNotCopied = 472;     ///< file, reason
-inline constexpr int commandRefusedTitle = 473;  ///< of the last four
+inline constexpr int commandRefusedTitle = 473;  ///< of the last three
 inline constexpr int drawingsNotOpened = 474;    ///< number; a notice, as the next three
 inline constexpr int drawingsListedBefore = 475; ///< number added, name of the project, number that it had
 inline constexpr int fileNamesNotChanged = 476;  ///< number changed, number that could not be
@@ -152,6 +152,15 @@ inline constexpr int subfolderMoved = 490;  ///< its name, subfolder or project
 inline constexpr int takeBack = 491;        ///< what the offer to take a move back is called
 inline constexpr int moveNotTakenBack = 492;
 inline constexpr int movedItemsGone = 493;
+inline constexpr int renamedNotEverywhere = 494; ///< the drawing's old name, names of projects
+
+// Why a drawing was not opened, and what became of one that was open when it was replaced. Notices.
+inline constexpr int drawingFileNotFound = 495;   ///< name, folder
+inline constexpr int drawingFolderNotFound = 496; ///< name, folder
+inline constexpr int drawingHeld = 497;           ///< name, holder of the lock
+inline constexpr int drawingLockUnreadable = 498; ///< name
+inline constexpr int drawingNotOpened = 499;      ///< name, reason
+inline constexpr int replacedStaysOpen = 500;     ///< name
 
 // The details of what is selected. Status texts stand in the order of the lock statuses.
 inline constexpr int lockStatusFirst = 601; ///< 603 and 604: holder of the lock

@@ -28,6 +28,12 @@ public:
     /// The user has read it, or it is no longer true.
     void clear() { show({}, {}, nullptr); }
 
+    /// The user goes on to something else: what was told is over, an offer stays.
+    void clearUnlessOffering() {
+        if (!accept_ && !text_.empty())
+            clear();
+    }
+
     /// The user takes the offer up. False when there is none.
     bool accept() {
         if (!isUsable() || !accept_)

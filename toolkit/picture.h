@@ -13,8 +13,13 @@ public:
     const CString& drawing() const noexcept { return drawing_; }
     void setDrawing(CString path) { set(drawing_, std::move(path)); }
 
+    /// How often the file was found to be another one: a view reads it again when this has grown.
+    unsigned version() const noexcept { return version_; }
+    void refresh() { set(version_, version_ + 1); }
+
 private:
     CString drawing_;
+    unsigned version_ = 0;
 };
 
 } // namespace ryv

@@ -197,6 +197,8 @@ void TreeControl::settle() {
         onLabelEditEnded();
     if (pending.selection)
         onSelectionChanged();
+    if (pending.selection && pending.byUser)
+        onUserSelected();
 }
 
 bool TreeControl::onDragOver(TreeItem*, DropPosition) {

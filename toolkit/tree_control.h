@@ -172,8 +172,9 @@ public:
 
     // -- Editing a label (tree_control_edit.cpp)
 
-    /// Asks the owner and has the views begin. False when it may not be, or another label is being edited.
-    bool editLabel(TreeItem& item);
+    /// Asks the owner and has the views begin, with the label or with another text. False when it may not be,
+    /// or another label is being edited.
+    bool editLabel(TreeItem& item, const std::optional<CString>& text = std::nullopt);
     TreeItem* editedItem() const noexcept { return edited_; }
 
     /// What is wrong with a text that is being typed as the label; empty when nothing is. Views show it.
@@ -235,6 +236,8 @@ protected:
 
     /// Moves the selected rows to the place, unless overridden.
     virtual void onDrop(TreeItem* target, DropPosition position);
+    /// The user lets go, and the place, or what was dragged, has gone from the tree under the pointer.
+    virtual void onDropLost() {}
 
     virtual void onContextMenu(TreeItem* item, TreePoint point);
     virtual void onDoubleClick(TreeItem& item);
@@ -248,6 +251,8 @@ protected:
     /// The row is no longer in the tree and goes now, children before their parents. Changes nothing.
     virtual void onDeleteItem(TreeItem& item);
     virtual void onSelectionChanged() {}
+    /// The same, only when it was the user's choice, by a click or a key; comes behind it.
+    virtual void onUserSelected() {}
 
 private:
     friend class TreeItemWatch;
@@ -330,10 +335,12 @@ private:
     bool changedWhileEdited_ = false;
     bool dragging_ = false;
     bool hasDropPlace_ = false;
+    bool dropPlaceLost_ = false;
 
     /// What is told when the operation under way is through.
     struct Pending {
         bool selection = false;
+        bool byUser = false; ///< the change of the selection
         bool focus = false;
         bool firstVisible = false;
         bool editEnded = false;

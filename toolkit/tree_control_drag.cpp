@@ -7,6 +7,7 @@ bool TreeControl::beginDrag() {
     if (dragging_ || !isEnabled() || selection_.count() == 0 || !onBeginDrag())
         return false;
     dragging_ = true;
+    dropPlaceLost_ = false;
     return true;
 }
 
@@ -21,6 +22,7 @@ bool TreeControl::isDropPlace(const TreeItem* target) const noexcept {
 }
 
 bool TreeControl::dragOver(TreeItem* target, DropPosition position) {
+    dropPlaceLost_ = false;
     const bool good = isDropPlace(target) && onDragOver(target, position);
     if (!good) {
         clearDropPlace();
@@ -35,6 +37,7 @@ bool TreeControl::dragOver(TreeItem* target, DropPosition position) {
 }
 
 void TreeControl::dragLeave() {
+    dropPlaceLost_ = false;
     clearDropPlace();
     settle();
 }
@@ -55,9 +58,12 @@ void TreeControl::drop() {
     TreeItem* const target = dropTarget_;
     const DropPosition position = dropPosition_;
     const bool good = hasDropPlace_ && isDropPlace(target);
+    const bool lost = !good && (hasDropPlace_ || dropPlaceLost_);
     endDrag();
     if (good)
         onDrop(target, position);
+    else if (lost)
+        onDropLost();
 }
 
 void TreeControl::cancelDrag() {

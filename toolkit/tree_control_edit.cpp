@@ -24,7 +24,7 @@ CString TreeControl::problemOfLabel(const TreeItem&, const CString&) const {
 
 /// An owner that has agreed hears of the end also when something throws, here and in finishEdit(): it may
 /// keep something locked until then.
-bool TreeControl::editLabel(TreeItem& item) {
+bool TreeControl::editLabel(TreeItem& item, const std::optional<CString>& text) {
     if (edited_ || !isEnabled() || !item.shown_)
         return false;
     const TreeItemWatch watch(*this, item);
@@ -38,8 +38,8 @@ bool TreeControl::editLabel(TreeItem& item) {
         ensureVisible(item);
         edited_ = &item;
         changedWhileEdited_ = false;
-        const CString text = editText(item);
-        observers_.tell([&](TreeObserver& o) { o.editStarted(item, text); });
+        const CString offered = text ? *text : editText(item);
+        observers_.tell([&](TreeObserver& o) { o.editStarted(item, offered); });
     } catch (...) {
         endEdit();
         pending_.editEnded = false;

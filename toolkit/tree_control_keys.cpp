@@ -8,6 +8,8 @@ namespace ryv {
 bool TreeControl::key(TreeKeyCode code, Modifiers modifiers) {
     if (!isEnabled())
         return false;
+    if (modifiers.alt)
+        return onKey(code, modifiers);
     switch (code) {
     case TreeKeyCode::up:
     case TreeKeyCode::down:
@@ -31,6 +33,7 @@ bool TreeControl::key(TreeKeyCode code, Modifiers modifiers) {
     case TreeKeyCode::edit:
         return selection_.count() == 1 && editLabel(*selection().front());
     case TreeKeyCode::selectAll:
+        pending_.byUser = true;
         selectAll();
         return true;
     case TreeKeyCode::expandAll:
@@ -87,6 +90,7 @@ void TreeControl::moveFocus(TreeItem& item, Modifiers modifiers) {
     } else {
         selectOnly(item);
     }
+    pending_.byUser = true;
     observers_.tell([&](TreeObserver& o) { o.revealed(item); });
     settle();
 }

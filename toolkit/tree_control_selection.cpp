@@ -102,6 +102,7 @@ void TreeControl::click(TreeItem* item, Modifiers modifiers) {
     } else {
         selectOnly(*item);
     }
+    pending_.byUser = true;
     settle();
 }
 

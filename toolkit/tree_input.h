@@ -7,6 +7,7 @@ namespace ryv {
 struct Modifiers {
     bool ctrl = false;
     bool shift = false;
+    bool alt = false;
     bool operator==(const Modifiers&) const = default;
 };
 

@@ -117,8 +117,10 @@ bool TreeControl::isGone(const TreeItem* item) const noexcept {
 /// The selection has been seen to.
 void TreeControl::leave(TreeItem* refuge) {
     forgetWatches();
-    if (isGone(dropTarget_))
+    if (isGone(dropTarget_)) {
         clearDropPlace();
+        dropPlaceLost_ = true;
+    }
     if (isGone(focus_))
         changeFocus(refuge);
     if (isGone(anchor_))

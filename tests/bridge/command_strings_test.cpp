@@ -3,6 +3,7 @@
 #include "bridge/tag_format_globals.h"
 #include "tests/bridge/recording_host.h"
 #include "tests/support/memory_files.h"
+#include "tests/support/scripted_host.h"
 
 #include <gtest/gtest.h>
 
@@ -73,7 +74,7 @@ TEST_F(CommandStrings, busyDocument_skipsTheRereadOnly) {
     EXPECT_TRUE(isQuiescent());
 }
 
-TEST_F(CommandStrings, openingADrawing_needsAFileADocumentAndAPlainPath) {
+TEST_F(CommandStrings, openingADrawing_needsAFileAndAPlainPath) {
     MemoryFiles files;
     host.ports.os.files = &files;
     const CString path = u"\\d\\100%s \u96FB.dwg";
@@ -86,9 +87,21 @@ TEST_F(CommandStrings, openingADrawing_needsAFileADocumentAndAPlainPath) {
     EXPECT_EQ(sent, Lines{});
     EXPECT_TRUE(openDrawing(path));
     EXPECT_EQ(sent, Lines{"7 activate echo " + shown(u"_.open \"" + path + u"\"\r")});
+}
+
+TEST_F(CommandStrings, openingADrawing_withoutADocumentRunsOutsideOfDocuments) {
+    MemoryFiles files;
+    ScriptedCommands commands;
+    host.ports.os.files = &files;
+    host.ports.host.commands = &commands;
+    files.put(u"\\d\\a.dwg", "");
     host.documents.current = DocumentId::none;
-    EXPECT_FALSE(openDrawing(path));
-    EXPECT_EQ(sent.size(), 1u);
+    EXPECT_TRUE(openDrawing(u"\\d\\a.dwg"));
+    EXPECT_EQ(sent, Lines{});
+    ASSERT_EQ(handedOver.size(), 1u);
+    EXPECT_EQ(commands.runs.size(), 0u);
+    handedOver[0]();
+    EXPECT_EQ(commands.runs, (std::vector<CStringArray>{{u"_.open", u"\\d\\a.dwg"}}));
 }
 
 TEST_F(CommandStrings, reread_neverEntersItself) {

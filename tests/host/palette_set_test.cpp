@@ -193,6 +193,71 @@ TEST_F(PaletteSetTest, removedPalette_leavesAnEmptySet) {
     EXPECT_EQ(host().themesApplied, 2u);
 }
 
+/// Whatever a command of the palette waits for, it finds its tree again; the palette ends soon after.
+TEST_F(PaletteSetTest, paletteRemovedByItsOwnCommand_endsBehindIt) {
+    using Tab = RyvPrmProjectTab;
+    constexpr int rename = 1138, remove = 1139, addDrawings = 212;
+    const auto press = [](int button) {
+        return [button](RyvPrmPalette& palette) { palette.tab().button(button).press(); };
+    };
+    const auto run = [](CStringView row, int command) {
+        return [row, command](RyvPrmPalette& palette) {
+            CProjectTree& tree = palette.tree();
+            TreeItem* const item = tree.GetTreeItemBySubfolderTrace(tree.child(nullptr, 0), row);
+            tree.setSelection({item ? item : tree.child(nullptr, 0)});
+            tree.runCommand(command);
+            tree.finishEdit(u"a:b");
+        };
+    };
+    const auto menu = [](RyvPrmPalette& palette) { palette.tree().contextMenu(nullptr, {}); };
+    const auto takeAway = [this] {
+        if (nav->firstPalette())
+            removeLocationPalette(&hostPalette());
+        surroundings.messages.advance(std::chrono::seconds(1)); // what waits has a loop of its own
+    };
+    ScriptedUserInterface& ui = surroundings.ui;
+    struct Case {
+        const char* command;
+        std::function<void(RyvPrmPalette&)> begin;
+        std::function<void()> answer = [] {};
+        bool duringLisp = false;
+    };
+    const Case cases[] = {
+        {"display", press(Tab::displayId),
+            [&] {
+                ui.answerDialog([&](Dialog&) {
+                    takeAway();
+                    return UserInterface::idOk;
+                });
+            }},
+        {"publish", press(Tab::publishId), [&] { ui.answerMenu(238); }},
+        {"open a project", press(Tab::openProjectId), [&] { ui.answerFiles(461, {project(u"b")}); }},
+        {"menu", menu, [&] { ui.answerMenu(259); }},
+        {"add drawings", run(u"", addDrawings), [&] { ui.answerFiles(460, {u"C:\\P\\n.dwg"}); }},
+        {"remove", run(u"S", remove), [&] { ui.answerTask(u"RyvPageMan.RemoveSubfoldersAndDrawings", 6); }},
+        {"remove, while LISP locks", run(u"S", remove),
+            [&] { ui.answerTask(u"RyvPageMan.RemoveSubfoldersAndDrawings", 6); }, true},
+        {"rename to what cannot be", run(u"S", rename)},
+        {"rename, while LISP locks", run(u"S", rename), [] {}, true},
+    };
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.command);
+        start();
+        files.put(u"C:\\P\\a.kqp", "a.dwg\n=====SUB=S\ns.dwg\n");
+        ASSERT_TRUE(nav->projectManager()->openProject(u"C:\\P\\a.kqp", true));
+        (each.duringLisp ? surroundings.lockCheck.meanwhile : ui.meanwhile) = takeAway;
+        each.answer();
+        each.begin(*nav->firstPalette());
+        surroundings.lockCheck.meanwhile = ui.meanwhile = [] {};
+        EXPECT_EQ(nav->firstPalette(), nullptr);
+        EXPECT_EQ(ui.unusedAnswers(), 0u);
+        EXPECT_TRUE(surroundings.lockCheck.locked.empty());
+        EXPECT_EQ(surroundings.messages.windowCount(), 2u) << "it has ended too soon";
+        surroundings.messages.advance(std::chrono::seconds(1));
+        EXPECT_EQ(surroundings.messages.windowCount(), 1u) << "it is there still";
+    }
+}
+
 TEST_F(PaletteSetTest, selectedRow_isDescribedAndPreviewed) {
     const CString other = project(u"b"); // beside the active one
     ASSERT_TRUE(activate(u"a") && nav->projectManager()->openProject(other, false));
@@ -204,7 +269,13 @@ TEST_F(PaletteSetTest, selectedRow_isDescribedAndPreviewed) {
     palette.tree().click(row.firstChild());
     EXPECT_NE(palette.details().text().find(u"File name: b.dwg"), CString::npos);
     EXPECT_EQ(palette.preview().drawing(), u"C:\\P\\b.dwg");
+    files.put(u"C:\\P\\b.dwg", std::string(3 * 1024, ' '));
+    EXPECT_TRUE(surroundings.monitor.notify(u"C:\\P\\b.dwg", FileChange::contentChanged));
+    EXPECT_NE(palette.details().text().find(u"3 KB"), CString::npos) << "as others have saved it";
+    EXPECT_EQ(palette.preview().version(), 1u);
     palette.tree().click(nullptr);
+    EXPECT_FALSE(surroundings.monitor.notify(u"C:\\P\\b.dwg", FileChange::contentChanged));
+    EXPECT_EQ(palette.preview().version(), 1u);
     EXPECT_EQ(palette.details().text(), u"");
     EXPECT_EQ(palette.preview().drawing(), u"");
 }

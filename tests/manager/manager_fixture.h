@@ -4,12 +4,8 @@
 #include "base/encoding.h"
 #include "base/paths.h"
 #include "manager/last_project_list.h"
-#include "manager/nav_state.h"
-#include "manager/project_manager.h"
-#include "manager/reread_window.h"
-#include "tests/support/memory_files.h"
+#include "tests/support/memory_manager.h"
 #include "tests/support/project_builder.h"
-#include "tests/support/scripted_platform.h"
 
 #include <gtest/gtest.h>
 
@@ -126,18 +122,11 @@ private:
     std::string story_;
 };
 
-class ManagerFixture : public ::testing::Test {
+class ManagerFixture : public MemoryManager {
 protected:
     ManagerFixture() {
-        setNavState(&state);
-        state.createProjectManager();
-        manager = state.projectManager();
         recorder.emplace(*manager);
         surroundings.catalogBrowser.notified = 0;
-    }
-    ~ManagerFixture() override {
-        recorder.reset();
-        state.destroyProjectManager();
     }
 
     /// Makes "C:\P\NAME.kqp" that lists drawings, which exist, and gives its ID.
@@ -150,7 +139,6 @@ protected:
         files.put(path(name + ".kqp"), lines.empty() ? "\n" : lines);
         return path(name + ".kqp");
     }
-    static CString path(const std::string& name) { return u"C:\\P\\" + decodeUtf8(name); }
     bool open(const CString& id, bool activate = false) { return manager->openProject(id, activate); }
     std::string story() { return recorder->story(); }
     std::string bytes(const CString& id) { return files.get(id).value_or("no file"); }
@@ -165,11 +153,6 @@ protected:
         return text;
     }
 
-    MemoryFiles files;
-    ScriptedPlatform surroundings{&files};
-    NavState state;
-    RereadWindow window{state};
-    RyvPrmProjectManager* manager = nullptr;
     std::optional<EventRecorder> recorder;
 };
 

@@ -94,6 +94,8 @@ Button& RyvPrmProjectTab::button(int id) {
 }
 
 void RyvPrmProjectTab::press(int id) {
+    const AtWork work = tree_->atWork();
+    tree_->notice().clearUnlessOffering();
     switch (id) {
     case newProjectId:
         return tree_->EmptySelectMenuNewProject();
@@ -117,9 +119,8 @@ void RyvPrmProjectTab::press(int id) {
 }
 
 void RyvPrmProjectTab::configureDisplay() {
-    const std::weak_ptr<const bool> alive = alive_;
     CRyvPrmDwgListConfigDlg dialog;
-    if (platform().ui->runModal(dialog) == Dialog::idOk && !alive.expired())
+    if (platform().ui->runModal(dialog) == Dialog::idOk)
         tree_->Refresh();
 }
 
@@ -130,9 +131,8 @@ void RyvPrmProjectTab::publish() {
         const TreeCommand* const command = findTreeCommand(id);
         menu.add(id, CString(messageText(command->text))).enabled = command->isEnabled(*tree_);
     }
-    const std::weak_ptr<const bool> alive = alive_;
     const int chosen = platform().ui->popupMenu(menu, ScreenPoint::atControl());
-    if (chosen != 0 && !alive.expired())
+    if (chosen != 0)
         tree_->runCommand(chosen);
 }
 

@@ -11,7 +11,8 @@
 namespace ryv {
 
 /// Owns its buttons and the tree. The buttons do what the tree's menus offer; some can be pressed only while
-/// the host is idle, the task list only when the active project has pending tasks.
+/// the host is idle, the task list only when the active project has pending tasks. It stays while something
+/// is under way in the tree (CProjectTree::isAtWork).
 class RyvPrmProjectTab final : private BusyListener {
 public:
     static constexpr int pageId = 200;
@@ -62,8 +63,6 @@ private:
     bool busy_ = false;
     std::unordered_set<CString>
         shownProjects_; ///< IDs in capitals of those that were brought to the user's eye
-    /// Tells whether the tab is still there after the user was asked something.
-    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
 };
 
 } // namespace ryv

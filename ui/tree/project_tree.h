@@ -7,6 +7,7 @@
 #include "toolkit/menu.h"
 #include "toolkit/notice_line.h"
 #include "toolkit/tree_control.h"
+#include "ui/tree/at_work.h"
 #include "ui/tree/item_address.h"
 #include "ui/tree/project_work.h"
 #include "ui/tree/told_problems.h"
@@ -16,6 +17,7 @@
 #include <optional>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace ryv {
@@ -52,7 +54,8 @@ public:
     /// What the palette shows of the selected row may be different now: selection, details, lock status.
     Event<> detailsChanged;
 
-    /// Below the tree: what a command did or could not do, and the offer to take it back.
+    /// Below the tree: what a command did or could not do, and the offer to take it back. What offers nothing
+    /// goes with the next command, and when the user selects something else.
     NoticeLine& notice() noexcept { return notice_; }
 
     // -- Records (project_tree_records.cpp)
@@ -94,6 +97,10 @@ public:
         std::size_t row = atEnd, bool mustBeNew = false);
     TreeItem* InsertDwgItem(const RyvPrmFileDetails& details, CString label, CString sheet, TreeItem& parent,
         std::size_t row = atEnd);
+    /// Of rows that stand for the same item and have lost their place, the last one goes, with all below it,
+    /// to the end of `parent` and leaves the list. One that `parent` lies in is passed over. The row that
+    /// went, or null.
+    TreeItem* InsertNewItem(std::vector<TreeItem*>& homeless, TreeItem& parent);
 
     /// The label of a drawing; left alone unless it is empty.
     void GetDwgNodeName(CString& label, const RyvPrmFileDetails& details, const TreeLabelling& labelling);
@@ -148,6 +155,11 @@ public:
         CProjectTree& tree_;
     };
 
+    /// While one exists, something is under way that comes back to the tree behind a question, a call of LISP
+    /// or a message pump: it must not be destroyed.
+    [[nodiscard]] AtWork atWork() noexcept { return AtWork(works_); }
+    bool isAtWork() const noexcept { return works_ > 0; }
+
     // -- What is selected (project_tree_selection.cpp)
 
     /// The paths of the selected drawings in the order of the tree; a project or subfolder stands for all
@@ -198,6 +210,11 @@ public:
     virtual bool DrawingAndSubfolderMenuRemove(
         CStringView projectId, const CStringArray& drawings, const CStringArray& traces);
     void OnDrawingAndSubfolderMenuRemove(); ///< asks, then removes
+    /// Another file takes the place of a drawing in the project. When that is open in the host, the
+    /// replacement is opened in its stead and its own document closed, for which the host asks about changes
+    /// that are not saved: they belong to its file, and a user who does not close it goes on with it outside
+    /// of the project. It stays open, with a notice, while a command is at work in it, and for good where it
+    /// is listed still.
     virtual void DrawingMenuReplace();
     virtual void DrawingAndSubfolderMenuRename();
     virtual void DrawingMenuProperties();
@@ -261,6 +278,9 @@ public:
 
     // -- Renaming (project_tree_rename.cpp)
 
+    /// Whether a click on the label of the only selected row begins to edit it. Unless it is allowed here,
+    /// no.
+    void SetAllowLeftClickRename(bool allowed) noexcept { setEditOnClick(allowed); }
     /// Renames a subfolder or drawing to a typed text; what is wrong with the text is shown. True when the
     /// row takes the text on as its label at once.
     virtual bool RenameTreeItem(TreeItem& item, const CString& text);
@@ -273,7 +293,7 @@ public:
         return problemOfName(item, text);
     }
 
-    // -- Dragging (project_tree_drag.cpp)
+    // -- Moving (project_tree_drag.cpp, project_tree_move_keys.cpp)
 
     bool IsValidDragDrop(const TreeItem* target, DropPosition position) const;
 
@@ -288,15 +308,18 @@ protected:
     bool onBeginDrag() override;
     bool onDragOver(TreeItem* target, DropPosition position) override;
     void onDrop(TreeItem* target, DropPosition position) override;
+    void onDropLost() override;
     void onContextMenu(TreeItem* item, TreePoint point) override;
     void onDoubleClick(TreeItem& item) override;
     bool onKey(TreeKeyCode code, Modifiers modifiers) override;
     void onDataAttached(TreeItem& item) override;
     void onSelectionChanged() override;
+    void onUserSelected() override { notice_.clearUnlessOffering(); }
 
 private:
     class Build;
     struct Level;
+    using WaitingRow = std::pair<TreeItem*, std::size_t>; // with the number of its level
     struct MoveOffer;
 
     /// Of several selected rows the one with the focus is told of, which can move without the selection.
@@ -309,11 +332,17 @@ private:
         CProjectTree& tree_;
     };
 
-    TreeRow drawingRow(const RyvPrmFileDetails& details, CString label, CString sheet) const;
+    std::unique_ptr<_dwgdatastruct> drawingRecord(const RyvPrmFileDetails& details) const;
+    static TreeRow drawingRow(
+        const RyvPrmFileDetails& details, CString label, std::unique_ptr<_dwgdatastruct> record);
     TreeRow subfolderRow(CStringView name) const;
     TreeRow labelledRow(const RyvPrmFileDetails& drawing, const TreeLabelling& labelling);
+    void askDatabase(_dwgdatastruct& record, DatabaseRecordset& database);
     std::vector<Level> planRows(CStringView projectId, TreeLabelling labelling);
+    void planLevel(std::vector<Level>& levels, std::size_t number, const TreeLabelling& labelling);
     void buildRows(TreeItem& projectItem, std::vector<Level> levels);
+    /// Brings the rows of one parent up to a level, and appends its subfolders to those that wait for theirs.
+    void AddDWGNodesUtil(TreeItem& parent, Level& level, std::vector<WaitingRow>& waiting);
     static void keepBold(const TreeItem& parent, std::vector<TreeRow>& rows);
     std::unique_ptr<DatabaseRecordset> openDatabase(CStringView projectId);
     void afterBuild();
@@ -337,13 +366,15 @@ private:
     /// that may be over.
     void handlePendingRereads();
 
+    /// What was typed cannot be the name, and the user was told: it is offered again to be changed.
+    void rejectName() noexcept { nameRejected_ = true; }
     bool renameSubfolder(TreeItem& item, const CString& text);
     void renameDrawing(TreeItem& item, const CString& text);
     bool renameListedDrawing(CStringView from, CStringView to);
 
+    bool moveByKey(TreeKeyCode code);
     void moveItems(const CString& projectId, const std::vector<ItemAddress>& items, const ItemPlace& place);
     bool followAfterWriting(ProjectWork& work, const Rearrangement& change);
-    void selectMoved(const CString& projectId, const CString& folder, const std::vector<ItemAddress>& items);
     static CString tellingOf(const CString& projectId, const CString& folder, const ItemMove& move);
     void offerToTakeBack(const std::shared_ptr<MoveOffer>& offer, const CString& text);
     void takeBack(const std::shared_ptr<MoveOffer>& offer);
@@ -355,15 +386,19 @@ private:
     ToldProblems problems_;
     CStringArray pendingRereads_;
     int suppressed_ = 0;
+    int works_ = 0;           ///< under way; ahead of what counts itself
     bool detailsDue_ = false; ///< to be told when the build is over
     bool handlingRereads_ = false;
     CString activeDrawing_;
     std::unordered_map<const TreeItem*, CString> bareProjects_; ///< IDs of project rows without a record
     std::unordered_set<const TreeItem*> rowsInWork_; ///< whose children are being built, or will be
     std::unique_ptr<ProjectWork> editWork_;          ///< keeps files locked while a label is edited
-    CString draggedFrom_;                            ///< project
-    std::vector<ItemAddress> draggedItems_;          ///< in the order of the tree
-    std::weak_ptr<MoveOffer> moveOffer_;             ///< lives as long as the notice line has it
+    bool nameRejected_ = false;
+    TreeItem* rejectedItem_ = nullptr; ///< to be edited again when the editing is over
+    CString rejectedText_;
+    CString draggedFrom_;                   ///< project
+    std::vector<ItemAddress> draggedItems_; ///< in the order of the tree
+    std::weak_ptr<MoveOffer> moveOffer_;    ///< lives as long as the notice line has it
     /// Of the active drawing and its subfolders, with their numbers from the outermost one.
     std::unordered_map<TreeItem*, std::size_t> boldRows_;
 };

@@ -6,6 +6,7 @@
 #include "manager/shown_messages.h"
 #include "resources/message_numbers.h"
 #include "resources/messages.h"
+#include "ui/tree/item_selection.h"
 #include "ui/tree/open_documents.h"
 #include "ui/tree/project_work.h"
 #include "ui/tree/row_name.h"
@@ -48,6 +49,15 @@ void tellListedBefore(CProjectTree& tree, const CString& projectId, std::size_t 
         format(messageText(message::drawingsListedBefore), {added, nameOfProject(projectId), before}));
 }
 
+void selectAdded(CProjectTree& tree, const RowName& target, const CArray<RyvPrmFileDetails>& drawings,
+    const std::vector<bool>& added) {
+    std::vector<CString> paths;
+    for (std::size_t number = 0; number < drawings.size(); ++number)
+        if (added[number])
+            paths.emplace_back(drawings[number].getFileName());
+    selectDrawings(tree, target.projectId, target.key, paths);
+}
+
 /// Drawings that the project has already are left out, and the user is told how many these are.
 void addChosen(CProjectTree& tree, const RowName& target) {
     const CArray<RyvPrmFileDetails> drawings = chooseDrawings(target.projectId);
@@ -62,6 +72,8 @@ void addChosen(CProjectTree& tree, const RowName& target) {
     const auto count = static_cast<std::size_t>(std::count(added.begin(), added.end(), true));
     const std::size_t before = added.size() - count;
     const bool written = work.settle(done);
+    if (written)
+        selectAdded(tree, target, drawings, added);
     if (before > 0 && (written || count == 0) && work.project())
         tellListedBefore(tree, target.projectId, count, before);
 }
@@ -95,9 +107,11 @@ void CProjectTree::ProjectMenuAddActiveDrawing() {
         return tellListedBefore(*this, work.projectId(), 0, 1);
     RyvPrmProjectManager& manager = *GetProjectManager();
     manager.SetNewDwgSubfolderTrace({});
-    if (work.settle(
+    if (!work.settle(
             manager.addFileToProject(std::make_unique<RyvPrmFileDetails>(drawing), work.projectId(), true)))
-        runInApplicationContext(CommandString::rereadDrawingParameters);
+        return;
+    selectDrawings(*this, work.projectId(), {}, {drawing});
+    runInApplicationContext(CommandString::rereadDrawingParameters);
 }
 
 /// The editing of the name locks the files anew, so they are given up before. A filter that hides the new

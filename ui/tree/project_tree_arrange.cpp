@@ -39,11 +39,12 @@ bool isSubfolderRow(const TreeItem& item) {
     return CProjectTree::GetItemType(&item) == TreeItemType::subfolder;
 }
 
-bool holdsSubfolders(const TreeItem* item) {
-    const TreeItem* child = item->firstChild();
-    while (child && !isSubfolderRow(*child))
-        child = child->next();
-    return child != nullptr;
+bool holdsBothKinds(const TreeItem* item) {
+    bool subfolders = false;
+    bool drawings = false;
+    for (const TreeItem* child = item->firstChild(); child; child = child->next())
+        (isSubfolderRow(*child) ? subfolders : drawings) = true;
+    return subfolders && drawings;
 }
 
 /// The chosen levels as traces, each once; the project itself is the empty one.
@@ -130,7 +131,7 @@ bool CProjectTree::ProjectMenuReorderDrawings(CStringView projectId, const CStri
 
 /// LISP sorts in the file, which is read again before the subfolders move.
 void CProjectTree::ProjAndSubfolderMenuSort() {
-    const bool asks = std::any_of(selection().begin(), selection().end(), holdsSubfolders);
+    const bool asks = std::any_of(selection().begin(), selection().end(), holdsBothKinds);
     const CStringArray chosen = levelsOf(*this, false);
     const CStringArray withAllBelow = levelsOf(*this, true);
     ProjectWork work(*this, GetProjectOfItem(contextRow(*this)));

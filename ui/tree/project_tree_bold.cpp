@@ -71,6 +71,8 @@ void CProjectTree::onDeleteItem(TreeItem& item) {
     rowsInWork_.erase(&item);
     bareProjects_.erase(&item);
     boldRows_.erase(&item);
+    if (rejectedItem_ == &item)
+        rejectedItem_ = nullptr;
 }
 
 /// The active project, then the others by their names.

@@ -4,7 +4,6 @@
 #include "base/fold.h"
 #include "base/text.h"
 #include "bridge/platform.h"
-#include "resources/message_numbers.h"
 #include "ui/tree/kept_view.h"
 
 #include <algorithm>
@@ -23,6 +22,13 @@ CString rowKey(const CString& label, const TreeItemData* data) {
         return u"?" + label;
     return (record->type == TreeItemType::subfolder ? u"S" : u"D") + toUpper(record->key);
 }
+
+struct HashOfName {
+    std::size_t operator()(CStringView name) const noexcept { return hashNoCase(name); }
+};
+struct SameName {
+    bool operator()(CStringView a, CStringView b) const noexcept { return equalNoCase(a, b); }
+};
 
 } // namespace
 
@@ -59,70 +65,63 @@ std::vector<CProjectTree::Level> CProjectTree::planRows(CStringView projectId, T
     std::vector<Level> levels(1);
     if (project)
         levels[0].sources.push_back(&project->getProjectData().getProjFileDetails());
-    for (std::size_t at = 0; at < levels.size(); ++at) {
-        std::unordered_map<CString, std::size_t> levelOfName; // in capitals
-        for (const RyvPrmItems* const items : std::exchange(levels[at].sources, {}))
-            for (const auto& item : *items) {
-                if (const RyvPrmFileDetails* const drawing = asFileDetails(item.get()))
-                    levels[at].rows.push_back(labelledRow(*drawing, labelling));
-                const RyvPrmSubfolder* const subfolder = asSubfolder(item.get());
-                if (!subfolder)
-                    continue;
-                const auto [hit, fresh] =
-                    levelOfName.try_emplace(toUpper(subfolder->getName()), levels.size());
-                if (fresh) {
-                    levels[at].subfolders.push_back({levels[at].rows.size(), levels.size()});
-                    levels[at].rows.push_back(subfolderRow(subfolder->getName()));
-                    levels.emplace_back();
-                }
-                levels[hit->second].sources.push_back(&subfolder->getItems());
-            }
-    }
+    for (std::size_t number = 0; number < levels.size(); ++number)
+        planLevel(levels, number, labelling);
     return levels;
 }
 
-TreeRow CProjectTree::labelledRow(const RyvPrmFileDetails& drawing, const TreeLabelling& labelling) {
-    CString label;
-    GetDwgNodeName(label, drawing, labelling);
-    TreeRow row = drawingRow(drawing, std::move(label), {});
-    auto* const record = dynamic_cast<_dwgdatastruct*>(row.data.get());
-    if (!record || !labelling.database)
-        return row;
-    const auto ask = [&](CString& value, int field) {
-        GetValueFromScratchDb(value, drawing.getFileName(), field, *labelling.database);
-    };
-    ask(record->sheet, message::fieldSheet);
-    ask(record->drawingNumber, message::fieldDrawingNumber);
-    ask(record->installation, message::fieldInstallationCode);
-    ask(record->location, message::fieldLocationCode);
-    return row;
+/// Appends a level for each subfolder.
+void CProjectTree::planLevel(std::vector<Level>& levels, std::size_t number, const TreeLabelling& labelling) {
+    std::unordered_map<CStringView, std::size_t, HashOfName, SameName> levelOfName;
+    const std::vector<const RyvPrmItems*> sources = std::exchange(levels[number].sources, {});
+    std::vector<TreeRow> rows;
+    rows.reserve(sources.size() == 1 ? sources.front()->size() : 0);
+    for (const RyvPrmItems* const items : sources)
+        for (const auto& item : *items) {
+            if (const RyvPrmFileDetails* const drawing = asFileDetails(item.get()))
+                rows.push_back(labelledRow(*drawing, labelling));
+            const RyvPrmSubfolder* const subfolder = asSubfolder(item.get());
+            if (!subfolder)
+                continue;
+            const auto [hit, fresh] = levelOfName.try_emplace(subfolder->getName(), levels.size());
+            if (fresh) {
+                levels[number].subfolders.push_back({rows.size(), levels.size()});
+                rows.push_back(subfolderRow(subfolder->getName()));
+                levels.emplace_back();
+            }
+            levels[hit->second].sources.push_back(&subfolder->getItems());
+        }
+    levels[number].rows = std::move(rows);
 }
 
 /// Top to bottom. Rows in `rowsInWork_` that are taken away meanwhile leave it.
 void CProjectTree::buildRows(TreeItem& projectItem, std::vector<Level> levels) {
-    std::vector<std::pair<TreeItem*, std::size_t>> waiting{{&projectItem, 0}};
+    std::vector<WaitingRow> waiting{{&projectItem, 0}};
     while (!waiting.empty()) {
         const auto [parent, number] = waiting.back();
         waiting.pop_back();
         if (!rowsInWork_.contains(parent))
             continue;
-        Level& level = levels[number];
-        keepBold(*parent, level.rows);
-        replaceChildren(parent, std::move(level.rows), rowKey);
-        if (!rowsInWork_.contains(parent))
-            continue;
         const std::size_t before = waiting.size();
-        TreeItem* row = parent->firstChild();
-        std::size_t passed = 0;
-        for (const auto& [place, inside] : level.subfolders) {
-            for (; row && passed < place; ++passed)
-                row = row->next();
-            if (row && rowsInWork_.insert(row).second)
-                waiting.push_back({row, inside});
-        }
+        AddDWGNodesUtil(*parent, levels[number], waiting);
         std::reverse(waiting.begin() + static_cast<std::ptrdiff_t>(before), waiting.end());
         if (parent != &projectItem)
             rowsInWork_.erase(parent);
+    }
+}
+
+void CProjectTree::AddDWGNodesUtil(TreeItem& parent, Level& level, std::vector<WaitingRow>& waiting) {
+    keepBold(parent, level.rows);
+    replaceChildren(&parent, std::move(level.rows), rowKey);
+    if (!rowsInWork_.contains(&parent))
+        return; // taken away by whoever was told
+    TreeItem* row = parent.firstChild();
+    std::size_t passed = 0;
+    for (const auto& [place, inside] : level.subfolders) {
+        for (; row && passed < place; ++passed)
+            row = row->next();
+        if (row && rowsInWork_.insert(row).second)
+            waiting.push_back({row, inside});
     }
 }
 

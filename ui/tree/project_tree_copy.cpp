@@ -11,6 +11,8 @@
 #include "resources/messages.h"
 #include "siblings/copy_file.h"
 #include "ui/tree/item_address.h"
+#include "ui/tree/item_selection.h"
+#include "ui/tree/new_to_project.h"
 #include "ui/tree/open_documents.h"
 #include "ui/tree/project_work.h"
 #include "ui/tree/row_name.h"
@@ -105,22 +107,12 @@ bool copyOnDisk(const CString& from, const CString& to) {
     return status.ok();
 }
 
-bool isNewTo(const RyvPrmProject& project, const CString& path) {
-    if (!project.isFileInProject(path))
-        return true;
-    showMessage({message::drawingIsListed, message::commandRefusedTitle},
-        {paths::findFileName(path), paths::titleOf(project.getProjectID())});
-    return false;
-}
-
-bool addCopy(
-    ProjectWork& work, const ListedDrawing& original, const RyvPrmFileDetails& its, const CString& path) {
+bool addCopy(ProjectWork& work, const CString& folder, const RyvPrmFileDetails& its, const CString& path) {
     auto details = std::make_unique<RyvPrmFileDetails>(its);
     details->setFileName(path);
     details->setFileId(0); // the project gives it one of its own
     RyvPrmProjectManager& manager = *GetProjectManager();
-    const bool sameProject = equalNoCase(work.projectId(), original.projectId);
-    manager.SetNewDwgSubfolderTrace(sameProject ? CStringView(original.trace) : CStringView());
+    manager.SetNewDwgSubfolderTrace(folder);
     const bool added = manager.addFileToProject(std::move(details), work.projectId(), true);
     work.settle(added);
     return added;
@@ -137,6 +129,8 @@ void removeUnlisted(const ProjectWork& work, const CString& path) {
 } // namespace
 
 void CProjectTree::copySelectedDrawing() {
+    notice().clearUnlessOffering();
+    const AtWork underWay = atWork();
     const ListedDrawing original = takeOriginal(*this);
     if (original.path.empty() || !saveIfCurrent(original.path) || !GetProjectManager())
         return;
@@ -148,13 +142,14 @@ void CProjectTree::copySelectedDrawing() {
     const std::optional<RyvPrmFileDetails> details = detailsOf(original);
     if (!details)
         return ProjectWork(*this, original.projectId).tellGone();
-    if (!isNewTo(*work.project(), path) || !copyOnDisk(original.path, path))
+    if (!isNewToProject(*work.project(), path) || !copyOnDisk(original.path, path))
         return;
-    if (addCopy(work, original, *details, path))
-        notice().tell(format(messageText(message::drawingCopied),
-            {paths::findFileName(path), paths::titleOf(work.projectId())}));
-    else
-        removeUnlisted(work, path);
+    const CString folder = equalNoCase(project, original.projectId) ? original.trace : CString();
+    if (!addCopy(work, folder, *details, path))
+        return removeUnlisted(work, path);
+    selectDrawings(*this, project, folder, {path});
+    notice().tell(format(
+        messageText(message::drawingCopied), {paths::findFileName(path), paths::titleOf(work.projectId())}));
 }
 
 } // namespace ryv

@@ -1,15 +1,17 @@
 // Commands of the project tree on drawings: opening, closing, replacing and copying them.
 
 #include "base/fold.h"
+#include "base/format.h"
 #include "base/paths.h"
 #include "bridge/command_strings.h"
 #include "bridge/platform.h"
-#include "manager/shown_messages.h"
 #include "resources/message_numbers.h"
 #include "resources/messages.h"
 #include "resources/task_buttons.h"
 #include "ui/tree/document_needed.h"
+#include "ui/tree/new_to_project.h"
 #include "ui/tree/open_documents.h"
+#include "ui/tree/opening_problem.h"
 #include "ui/tree/project_work.h"
 #include "ui/tree/row_name.h"
 #include "ui/tree/task_questions.h"
@@ -45,30 +47,47 @@ CString chooseReplacement(const CString& drawing) {
     return chosen.empty() ? CString() : chosen.front();
 }
 
-/// An open drawing would go on outside of the project, with all that is not saved in it.
-bool isClosed(const CString& drawing) {
-    if (OpenDocuments().find(drawing) == DocumentId::none)
-        return true;
-    showMessage({message::drawingIsOpen, message::commandRefusedTitle}, {paths::findFileName(drawing)});
+bool isListed(const CString& drawing) {
+    const RyvPrmProjectManager* const manager = GetProjectManager();
+    for (int index = 0; manager && index < manager->getProjectCount(); ++index)
+        if (manager->isFileInProject(drawing, manager->getProject(index)->getProjectID()))
+            return true;
     return false;
 }
 
-bool isNewToProject(const RyvPrmProject& project, const CString& drawing) {
-    if (!project.isFileInProject(drawing))
-        return true;
-    showMessage({message::drawingIsListed, message::commandRefusedTitle},
-        {paths::findFileName(drawing), paths::titleOf(project.getProjectID())});
-    return false;
+/// What is in front goes on as its replacement.
+void closeReplaced(const CString& drawing, const CString& replacement) {
+    HostDocuments& documents = *platform().host.documents;
+    const DocumentId document = documents.documentOfFile(drawing);
+    if (document == DocumentId::none || isListed(drawing))
+        return;
+    if (document == documents.currentDocument())
+        openDrawing(replacement);
+    documents.sendStringToExecute(document, closeCommand, {});
+}
+
+bool replaceEntry(ProjectWork& work, const CString& drawing, const CString& replacement) {
+    if (!work.lock())
+        return false;
+    if (!work.project()->isFileInProject(drawing)) {
+        work.tellGone();
+        return false;
+    }
+    return isNewToProject(*work.project(), replacement) &&
+           (work.settle(GetProjectManager()->replaceFileInProject(drawing, replacement, work.projectId())) ||
+               work.wasWritten());
 }
 
 } // namespace
 
 void CProjectTree::DrawingMenuOpen() {
-    std::size_t failed = 0;
-    for (const CString& path : selectedDrawings(*this))
-        failed += openDrawing(path) ? 0u : 1u;
-    if (failed > 0)
-        notice().tell(format(messageText(message::drawingsNotOpened), {failed}));
+    CStringArray failed = selectedDrawings(*this);
+    std::erase_if(failed, openDrawing);
+    if (failed.empty())
+        return;
+    const CString problem = failed.size() == 1 ? problemOfOpening(failed.front()) : CString();
+    notice().tell(
+        problem.empty() ? format(messageText(message::drawingsNotOpened), {failed.size()}) : problem);
 }
 
 /// The host asks about changes that are not saved.
@@ -79,7 +98,7 @@ void CProjectTree::DrawingMenuClose() {
 
 void CProjectTree::DrawingMenuReplace() {
     const RowName row = rowNameOf(contextRow(*this));
-    if (row.type != TreeItemType::drawing || !isClosed(row.key))
+    if (row.type != TreeItemType::drawing)
         return;
     const CString chosen = chooseReplacement(row.key);
     if (chosen.empty() || equalNoCase(chosen, row.key))
@@ -89,12 +108,16 @@ void CProjectTree::DrawingMenuReplace() {
     if (project && project->isOZMProject() &&
         askTask(u"RyvPageMan.ReplaceDrawingLinkBreak") != task_button::yes)
         return;
-    if (!work.lock())
+    // Locking runs LISP in a document, which is busy then until the host is idle.
+    HostDocuments& documents = *platform().host.documents;
+    const DocumentId document = documents.documentOfFile(row.key);
+    const bool isBusy = document != DocumentId::none && !documents.isQuiescent(document);
+    if (!replaceEntry(work, row.key, chosen))
         return;
-    if (!work.project()->isFileInProject(row.key))
-        return work.tellGone();
-    if (isNewToProject(*work.project(), chosen) && isClosed(row.key))
-        work.settle(GetProjectManager()->replaceFileInProject(row.key, chosen, row.projectId));
+    if (!isBusy)
+        documents.executeInApplicationContext([row, chosen] { closeReplaced(row.key, chosen); });
+    else if (!isListed(row.key))
+        notice().tell(format(messageText(message::replacedStaysOpen), {paths::findFileName(row.key)}));
 }
 
 /// The command runs later, when another row may be selected.

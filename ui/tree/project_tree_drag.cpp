@@ -7,12 +7,12 @@
 #include "resources/messages.h"
 #include "ui/tree/drop_place.h"
 #include "ui/tree/item_move.h"
+#include "ui/tree/item_selection.h"
 #include "ui/tree/project_work.h"
 #include "ui/tree/row_adoption.h"
 #include "ui/tree/task_questions.h"
 
 #include <algorithm>
-#include <unordered_set>
 #include <utility>
 
 namespace ryv {
@@ -115,17 +115,25 @@ bool CProjectTree::onDragOver(TreeItem* target, DropPosition position) {
 }
 
 void CProjectTree::onDrop(TreeItem* target, DropPosition position) {
-    if (!target || !IsValidDragDrop(target, position) || !equalNoCase(GetProjectOfItem(target), draggedFrom_))
+    if (!target || !IsValidDragDrop(target, position))
         return;
+    if (!equalNoCase(GetProjectOfItem(target), draggedFrom_))
+        return onDropLost();
+    notice_.clearUnlessOffering();
+    const AtWork work = atWork();
     const ItemPlace place = placeOf(*target, landingOn(target, position, selection()));
     moveItems(CString(draggedFrom_), std::exchange(draggedItems_, {}), place);
+}
+
+void CProjectTree::onDropLost() {
+    notice_.tell(CString(messageText(message::movedItemsGone)));
 }
 
 void CProjectTree::moveItems(
     const CString& projectId, const std::vector<ItemAddress>& items, const ItemPlace& place) {
     const auto open = ProjectWork(*this, projectId).project();
     if (!open)
-        return;
+        return onDropLost();
     if (const ItemMove idle = planMove(open->getProjectData(), items, place);
         !idle.items.empty() && !idle.change.changesAnything() && idle.namesTaken.empty())
         return; // they are there already
@@ -150,7 +158,7 @@ void CProjectTree::moveItems(
             offer = std::make_shared<MoveOffer>(MoveOffer{projectId, std::move(*applied)});
         }
     }
-    selectMoved(projectId, place.folder, move.items);
+    selectItems(*this, projectId, place.folder, move.items);
     if (offer)
         offerToTakeBack(offer, tellingOf(projectId, place.folder, move));
     if (!move.namesTaken.empty())
@@ -168,26 +176,6 @@ bool CProjectTree::followAfterWriting(ProjectWork& work, const Rearrangement& ch
     if (project && projectItem)
         adoptRows(*this, *projectItem, project->getProjectData(), traces);
     return true;
-}
-
-void CProjectTree::selectMoved(
-    const CString& projectId, const CString& folder, const std::vector<ItemAddress>& items) {
-    TreeItem* const project = GetProjectItem(projectId);
-    TreeItem* const parent = folder.empty() ? project : GetTreeItemBySubfolderTrace(project, folder);
-    if (!parent || items.empty())
-        return;
-    RowFinder finder;
-    std::vector<TreeItem*> rows;
-    std::unordered_set<CString> known;
-    for (const ItemAddress& item : items)
-        if (const CString key = itemKey(item.isSubfolder, item.name); known.insert(key).second) {
-            const std::vector<TreeItem*>& equal = finder.find(*parent, key);
-            rows.insert(rows.end(), equal.begin(), equal.end());
-        }
-    if (rows.empty())
-        return;
-    ensureVisible(*rows.front());
-    setSelection(rows);
 }
 
 /// Empty for a move that is put right by hand as fast.

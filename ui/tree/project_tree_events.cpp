@@ -6,6 +6,7 @@
 #include "base/format.h"
 #include "base/text.h"
 #include "bridge/platform.h"
+#include "bridge/waiting.h"
 #include "manager/shown_messages.h"
 #include "resources/message_numbers.h"
 #include "resources/messages.h"
@@ -110,11 +111,12 @@ void CProjectTree::onReadOnlyChanged(const CString&, bool) {
 }
 
 void CProjectTree::Refresh() {
+    const AtWork work = atWork();
+    const Waiting waiting;
     const SuppressReread untilAllAreRead(*this);
     for (const CString& projectId : openProjects()) {
-        if (RyvPrmProjectManager* const manager = GetProjectManager())
-            manager->reReadProject(projectId);
-        rebuild(projectId); // also when it could not be read: the labels may be others
+        ProjectWork(*this, projectId).reRead(); // tells when it cannot
+        rebuild(projectId);                     // then, too: the labels may be others
     }
 }
 

@@ -6,15 +6,21 @@
 
 namespace ryv {
 
-TreeRow CProjectTree::drawingRow(const RyvPrmFileDetails& details, CString label, CString sheet) const {
-    TreeRow row{std::move(label), details.isReferenceOnly() ? referenceImage : drawingImage};
-    if (auto record = NewDwgDataStruct()) {
+/// Null when a derived class wants none.
+std::unique_ptr<_dwgdatastruct> CProjectTree::drawingRecord(const RyvPrmFileDetails& details) const {
+    auto record = NewDwgDataStruct();
+    if (record) {
         record->type = TreeItemType::drawing;
         record->key = replaceAll(details.getFileName(), u'/', u'\\');
         record->details = details;
-        record->sheet = std::move(sheet);
-        row.data = std::move(record);
     }
+    return record;
+}
+
+TreeRow CProjectTree::drawingRow(
+    const RyvPrmFileDetails& details, CString label, std::unique_ptr<_dwgdatastruct> record) {
+    TreeRow row{std::move(label), details.isReferenceOnly() ? referenceImage : drawingImage};
+    row.data = std::move(record);
     return row;
 }
 
@@ -61,7 +67,21 @@ TreeItem* CProjectTree::InsertSubfolderItem(
 
 TreeItem* CProjectTree::InsertDwgItem(
     const RyvPrmFileDetails& details, CString label, CString sheet, TreeItem& parent, std::size_t row) {
-    return &insert(&parent, row, drawingRow(details, std::move(label), std::move(sheet)));
+    auto record = drawingRecord(details);
+    if (record)
+        record->sheet = std::move(sheet);
+    return &insert(&parent, row, drawingRow(details, std::move(label), std::move(record)));
+}
+
+TreeItem* CProjectTree::InsertNewItem(std::vector<TreeItem*>& homeless, TreeItem& parent) {
+    for (std::size_t left = homeless.size(); left-- > 0;) {
+        TreeItem* const item = homeless[left];
+        if (!move(*item, &parent, atEnd))
+            continue;
+        homeless.erase(homeless.begin() + static_cast<std::ptrdiff_t>(left));
+        return item;
+    }
+    return nullptr;
 }
 
 } // namespace ryv

@@ -7,6 +7,7 @@
 #include "resources/message_numbers.h"
 
 #include <iterator>
+#include <utility>
 
 namespace ryv {
 
@@ -58,29 +59,73 @@ CStringView projectField(const RyvPrmFileDetails& details, int fieldCode) {
     }
 }
 
-} // namespace
-
-void CProjectTree::GetDwgNodeName(
-    CString& label, const RyvPrmFileDetails& details, const TreeLabelling& labelling) {
-    if (!label.empty())
-        return;
+/// `databaseField` gives the text of a field that the database holds, good until it is asked again.
+template <class DatabaseField>
+CString composeLabel(
+    const RyvPrmFileDetails& details, const TreeLabelling& labelling, const DatabaseField& databaseField) {
     CString text;
     text.reserve(usualLength); // a label keeps no more memory than it needs
-    CString answer;
     bool first = true;
     for (const int fieldCode : labelling.displayOrder) {
-        const bool isAsked = !columnOf(fieldCode).empty();
-        answer.clear();
-        if (isAsked && labelling.database)
-            GetValueFromScratchDb(answer, details.getFileName(), fieldCode, *labelling.database);
-        const CStringView value = isAsked ? CStringView(answer) : projectField(details, fieldCode);
+        const CStringView value =
+            columnOf(fieldCode).empty() ? projectField(details, fieldCode) : databaseField(fieldCode);
         if (value.empty() && fieldCode != message::fieldFileName)
             continue;
         if (!std::exchange(first, false))
             text.append(u" ").append(labelling.separator).append(u" ");
         text += value;
     }
-    label = text;
+    return {text.data(), text.size()};
+}
+
+CString& databaseValueOf(_dwgdatastruct& record, int fieldCode) {
+    switch (fieldCode) {
+    case message::fieldInstallationCode:
+        return record.installation;
+    case message::fieldLocationCode:
+        return record.location;
+    case message::fieldSheet:
+        return record.sheet;
+    default:
+        return record.drawingNumber;
+    }
+}
+
+} // namespace
+
+/// The database is asked once for each value, also for those that the label has no part of: drawings are
+/// found by them.
+TreeRow CProjectTree::labelledRow(const RyvPrmFileDetails& drawing, const TreeLabelling& labelling) {
+    std::unique_ptr<_dwgdatastruct> record = drawingRecord(drawing);
+    CString label;
+    if (record && labelling.database) {
+        askDatabase(*record, *labelling.database);
+        label = composeLabel(drawing, labelling,
+            [&record](int fieldCode) { return CStringView(databaseValueOf(*record, fieldCode)); });
+    } else {
+        GetDwgNodeName(label, drawing, labelling);
+    }
+    return drawingRow(drawing, std::move(label), std::move(record));
+}
+
+void CProjectTree::askDatabase(_dwgdatastruct& record, DatabaseRecordset& database) {
+    for (const int fieldCode : {message::fieldSheet, message::fieldDrawingNumber,
+             message::fieldInstallationCode, message::fieldLocationCode})
+        GetValueFromScratchDb(
+            databaseValueOf(record, fieldCode), record.details.getFileName(), fieldCode, database);
+}
+
+void CProjectTree::GetDwgNodeName(
+    CString& label, const RyvPrmFileDetails& details, const TreeLabelling& labelling) {
+    if (!label.empty())
+        return;
+    CString answer;
+    label = composeLabel(details, labelling, [&](int fieldCode) {
+        answer.clear();
+        if (labelling.database)
+            GetValueFromScratchDb(answer, details.getFileName(), fieldCode, *labelling.database);
+        return CStringView(answer);
+    });
 }
 
 bool CProjectTree::GetDwgNodeName(CString& label, CStringView drawing) const {

@@ -100,7 +100,8 @@ void CProjectTree::ProjectMenuTaskList() {
 }
 
 void CProjectTree::ProjectMenuSettings() {
-    lisp::showProjectSettingsHelp();
+    if (hasDocumentOrTells(*this))
+        lisp::showProjectSettingsHelp();
 }
 
 void CProjectTree::ProjectMenuProperties() {

@@ -5,6 +5,8 @@
 #include "manager/shown_messages.h"
 #include "resources/message_numbers.h"
 #include "resources/messages.h"
+#include "toolkit/tree_item_watch.h"
+#include "ui/tree/opening_problem.h"
 #include "ui/tree/row_name.h"
 #include "ui/tree/tree_commands.h"
 
@@ -80,17 +82,20 @@ bool CProjectTree::runCommand(int id) {
     const TreeCommand* const command = findTreeCommand(id);
     if (!command || !command->isEnabled(*this))
         return false;
+    const AtWork work = atWork();
     if (editedItem()) { // rows are not brought up to date meanwhile
         finishEdit(std::nullopt);
         if (!command->isEnabled(*this))
             return false;
     }
+    notice_.clearUnlessOffering();
     (this->*command->handler)();
     return true;
 }
 
 /// The choice was made for the rows that were selected when the menu came up.
 void CProjectTree::onContextMenu(TreeItem*, TreePoint point) {
+    const AtWork work = atWork();
     const std::vector<RowName> before = namesOf(selection());
     const RowName context = rowNameOf(contextRow(*this));
     const std::unique_ptr<Menu> menu = CreateContextMenu();
@@ -99,19 +104,34 @@ void CProjectTree::onContextMenu(TreeItem*, TreePoint point) {
         runCommand(chosen);
 }
 
-/// A command that waits for its input would take the host's open command for an answer.
+/// Commands are about what is selected, which a row that was clicked with a key held down need not be. A
+/// command that waits for its input would take the host's open command for an answer.
 void CProjectTree::onDoubleClick(TreeItem& item) {
     if (GetItemType(&item) != TreeItemType::drawing)
         return TreeControl::onDoubleClick(item);
+    const AtWork work = atWork();
+    const TreeItemWatch watch(*this, item);
+    if (!item.selected())
+        click(&item);
+    else if (focus() != &item)
+        setFocus(&item);
+    if (!watch.item())
+        return;
     if (!isQuiescent()) {
         showMessage(
             {message::currentDrawingBusy, message::currentDrawingBusyTitle, MessageIcon::warning}, {});
         return;
     }
-    runCommand(tree_command::openDrawing);
+    const CString drawing = GetItemData(watch.item())->key;
+    if (runCommand(tree_command::openDrawing))
+        return;
+    if (CString problem = problemOfOpening(drawing); !problem.empty())
+        notice_.tell(std::move(problem));
 }
 
 bool CProjectTree::onKey(TreeKeyCode code, Modifiers modifiers) {
+    if (modifiers == Modifiers{.alt = true})
+        return moveByKey(code);
     TreeItem* const row = contextRow(*this);
     if (!row || modifiers != Modifiers())
         return false;

@@ -13,6 +13,7 @@
 #include "siblings/rename_file.h"
 #include "toolkit/tree_item_watch.h"
 #include "ui/tree/item_names.h"
+#include "ui/tree/other_projects.h"
 #include "ui/tree/project_work.h"
 #include "ui/tree/task_questions.h"
 
@@ -46,23 +47,17 @@ CString problemText(NameProblem problem, TreeItemType type, CStringView name) {
     return {};
 }
 
+bool isOnDisk(CStringView path) {
+    FileInformation found;
+    return platform().os.files->information(path, found).ok();
+}
+
 /// False when the subfolder is gone. Those whose names differ in case are one row, and one name for the user.
 bool renameInProject(RyvPrmProjectData& project, CStringView trace, const CString& name) {
     const std::vector<RyvPrmSubfolder*> folders = foldersOf(project, trace);
     for (RyvPrmSubfolder* const folder : folders)
         folder->setName(name);
     return !folders.empty();
-}
-
-/// All entries of a drawing but the first.
-void renameRepeated(RyvPrmProjectData& project, CStringView from, CStringView to) {
-    CArray<RyvPrmFileDetails*> drawings;
-    project.generateFlatFileDetailsArray(drawings);
-    const CString key = itemKey(false, from);
-    bool isFirst = true;
-    for (RyvPrmFileDetails* const drawing : drawings)
-        if (itemKey(*drawing) == key && !std::exchange(isFirst, false))
-            drawing->setFileName(to);
 }
 
 /// The database follows files by their names, so it hears of each rename from its beginning.
@@ -89,6 +84,8 @@ bool CProjectTree::onBeginLabelEdit(TreeItem& item) {
     const TreeItemType type = GetItemType(&item);
     if (editWork_ || (type != TreeItemType::drawing && type != TreeItemType::subfolder))
         return false;
+    notice_.clearUnlessOffering();
+    rejectedItem_ = nullptr;
     CStringArray written;
     if (type == TreeItemType::drawing)
         written.push_back(GetItemData(&item)->key);
@@ -105,8 +102,13 @@ bool CProjectTree::onBeginLabelEdit(TreeItem& item) {
 bool CProjectTree::onEndLabelEdit(TreeItem& item, const CString& text) {
     const TreeItemWatch watch(*this, item);
     const bool isSubfolder = GetItemType(&item) == TreeItemType::subfolder;
+    nameRejected_ = false;
     if (RenameTreeItem(item, text) && watch.item())
         setLabel(*watch.item(), isSubfolder ? subfolderNameOf(text) : CString(trim(text)));
+    if (nameRejected_ && watch.item()) {
+        rejectedItem_ = watch.item();
+        rejectedText_ = text;
+    }
     return false; // the label is never the text as it was typed
 }
 
@@ -119,6 +121,8 @@ void CProjectTree::onLabelEditEnded() {
         platform().host.editor->takeUserBreak();
     }
     handlePendingRereads();
+    if (TreeItem* const item = std::exchange(rejectedItem_, nullptr))
+        editLabel(*item, std::exchange(rejectedText_, {}));
 }
 
 bool CProjectTree::RenameTreeItem(TreeItem& item, const CString& text) {
@@ -141,9 +145,11 @@ bool CProjectTree::renameSubfolder(TreeItem& item, const CString& text) {
     case NameProblem::forbidden:
         askTask(u"RyvPageMan.InvalidCharForSubfolderName",
             {{u"InvalidChars", CString(forbiddenInSubfolderNames)}});
+        rejectName();
         return false;
     case NameProblem::taken:
         askTask(u"RyvPageMan.SubfolderNameExists");
+        rejectName();
         return false;
     default:
         break;
@@ -177,21 +183,25 @@ void CProjectTree::renameDrawing(TreeItem& item, const CString& text) {
     if (problem != NameProblem::none) {
         showMessage({message::fileNotRenamed, message::fileNotRenamedTitle},
             {shownPath(from), problemText(problem, TreeItemType::drawing, trim(text))});
-        return;
+        return rejectName();
     }
     const CString to = renamedDrawing(from, text).value();
     if (equalNoCase(from, to))
         return;
     const TreeItemWatch watch(*this, item);
     const SuppressReread rowKeepsItsPlace(*this);
-    if (!renameListedDrawing(from, to))
-        return;
-    if (auto* const record = dynamic_cast<_dwgdatastruct*>(GetItemData(watch.item()))) {
+    const bool renamed = renameListedDrawing(from, to);
+    if (!renamed && isOnDisk(from) && isOnDisk(to))
+        rejectName(); // the user was told that the name is taken
+    auto* const record = dynamic_cast<_dwgdatastruct*>(GetItemData(watch.item()));
+    if (renamed && record) {
         record->key = to;
         record->details.setFileName(to);
     }
-    if (equalNoCase(activeDrawing_, from))
+    if (renamed && equalNoCase(activeDrawing_, from))
         BoldNewActiveDrawingAndSubfolders(to);
+    if (renamed || editWork_->wasWritten())
+        renameInOtherProjects(*this, CString(editWork_->projectId()), from, to);
 }
 
 /// On disk and in the project, or neither. A project may list a drawing more than once.
@@ -244,9 +254,7 @@ CString CProjectTree::problemOfName(const TreeItem& item, const CString& text) c
     }
     NameProblem problem = problemOfDrawingName(data, record->key, text);
     const std::optional<CString> path = renamedDrawing(record->key, text);
-    FileInformation found;
-    if (problem == NameProblem::none && !equalNoCase(*path, record->key) &&
-        platform().os.files->information(*path, found).ok())
+    if (problem == NameProblem::none && !equalNoCase(*path, record->key) && isOnDisk(*path))
         problem = NameProblem::taken;
     return problemText(problem, record->type, paths::findFileName(path.value_or(text)));
 }

@@ -3,6 +3,7 @@
 #include "base/encoding.h"
 #include "base/fold.h"
 #include "bridge/platform.h"
+#include "bridge/waiting.h"
 #include "manager/project_manager.h"
 #include "manager/shown_messages.h"
 #include "resources/message_numbers.h"
@@ -81,7 +82,8 @@ void unlockFiles(const CStringList& files) {
 
 } // namespace
 
-ProjectWork::ProjectWork(CProjectTree& tree, CStringView projectId) : tree_(tree), projectId_(projectId) {}
+ProjectWork::ProjectWork(CProjectTree& tree, CStringView projectId)
+    : tree_(tree), atWork_(tree.atWork()), projectId_(projectId) {}
 
 ProjectWork::~ProjectWork() {
     try {
@@ -132,7 +134,10 @@ std::shared_ptr<RyvPrmProject> ProjectWork::project() const {
 }
 
 bool ProjectWork::lockFiles(const CStringList& files, bool looksOnly) {
+    const Waiting waiting;
     LockCheck& check = *platform().services.lockCheck;
+    if (RyvPrmProjectManager* const manager = GetProjectManager())
+        manager->takeLockFailure(); // an older one is not to be told as the cause of this one
     if (check.LispCheckFileLockStatusAndLock(files, firstFlag, looksOnly ? 1 : 0, locked_))
         return true;
     tellRefusal(files, looksOnly);
@@ -153,7 +158,11 @@ void ProjectWork::tellRefusal(const CStringList& files, bool looksOnly) {
             return;
         }
     }
-    tree_.notice().tell(format(messageText(message::workRefused), {projectName()}));
+    if (const auto failure = manager->takeLockFailure())
+        tree_.notice().tell(format(messageText(message::workRefusedByDisk),
+            {shownPath(failure->file), decodeUtf8(describe(failure->status.error))}));
+    else
+        tree_.notice().tell(format(messageText(message::workRefused), {projectName()}));
 }
 
 CString ProjectWork::projectName() const {
@@ -170,6 +179,7 @@ void ProjectWork::tellGone() {
 }
 
 bool ProjectWork::write() {
+    const Waiting waiting;
     const auto held = project();
     return settle(held && held->writeProject());
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/strings.h"
+#include "ui/tree/at_work.h"
 
 #include <memory>
 
@@ -66,6 +67,7 @@ private:
     CString projectName() const;
 
     CProjectTree& tree_;
+    const AtWork atWork_;
     CString projectId_;
     CStringList locked_;
     bool written_ = false;

@@ -67,10 +67,7 @@ void adoptRows(
     }
     for (const Family& family : families)
         for (const CString& key : family.missing())
-            if (auto& rows = homeless[key]; !rows.empty()) {
-                tree.move(*rows.back(), &family.row(), TreeControl::atEnd);
-                rows.pop_back();
-            }
+            tree.InsertNewItem(homeless[key], family.row());
 }
 
 } // namespace ryv

@@ -36,6 +36,10 @@ bool isEachSelected(const CProjectTree& tree, Test test) {
     });
 }
 
+bool isContainerType(TreeItemType type) {
+    return type == TreeItemType::project || type == TreeItemType::subfolder;
+}
+
 bool standsForDrawing(const TreeItem& row) {
     return CProjectTree::GetItemType(&row) == TreeItemType::drawing || hasBelow(row, TreeItemType::drawing);
 }
@@ -121,9 +125,11 @@ bool isContainerWithDrawings(const CProjectTree& tree) {
 }
 
 bool areContainersWithDrawings(const CProjectTree& tree) {
-    return isContainerWithDrawings(tree) && isEachSelected(tree, [](TreeItemType type) {
-        return type == TreeItemType::project || type == TreeItemType::subfolder;
-    });
+    return isContainerWithDrawings(tree) && isEachSelected(tree, isContainerType);
+}
+
+bool areContainersWithItems(const CProjectTree& tree) {
+    return isContainer(tree) && contextRow(tree)->firstChild() && isEachSelected(tree, isContainerType);
 }
 
 bool isOneDrawing(const CProjectTree& tree) {

@@ -33,6 +33,7 @@ bool isContainer(const CProjectTree& tree);
 bool isContainerWithDrawings(const CProjectTree& tree);
 /// Everything selected is a project or a subfolder of one project, and there are drawings below.
 bool areContainersWithDrawings(const CProjectTree& tree);
+bool areContainersWithItems(const CProjectTree& tree); ///< drawings or subfolders
 
 bool isOneDrawing(const CProjectTree& tree);
 /// A drawing whose file is there and not locked by somebody else.

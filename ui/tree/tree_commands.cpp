@@ -33,7 +33,7 @@ constexpr TreeCommand commands[] = {
     {1143, message::commandFlatten, isProjectWithSubfolders, &Tree::OnProjectMenuFlattenStructure},
     {1145, message::commandLowerCase, areContainersWithDrawings, &Tree::OnProjectMenuFlipFileNameLowerCase},
     {1146, message::commandUpperCase, areContainersWithDrawings, &Tree::OnProjectMenuFlipFileNameUpperCase},
-    {1147, message::commandSort, areContainersWithDrawings, &Tree::OnProjAndSubfolderMenuSort},
+    {1147, message::commandSort, areContainersWithItems, &Tree::OnProjAndSubfolderMenuSort},
     {1137, message::commandNewSubfolder, isContainer, &Tree::OnMenuAddSubFolder},
     {1144, message::commandNewSubfolder, isContainer, &Tree::OnMenuAddSubFolder},
     {1131, message::commandExpandAll, isContainer, &Tree::OnMenuExpandAll},

@@ -168,6 +168,55 @@ TEST_F(Commands, adding_tellsWhatTheProjectHadBefore) {
     EXPECT_EQ(documents.sentTexts(), CStringArray{u"(c:kq_reread_dwg_params)\r"});
 }
 
+TEST_F(Commands, addedDrawings_areSelectedWhereTheyCanBeSeen) {
+    documents.openDocument(path("current.dwg"));
+    const auto add = [this](std::vector<CString> paths) {
+        ui.answerFiles(460, std::move(paths));
+        run(tree->GetItemType(tree->focus()) == TreeItemType::project ? 212 : 1136);
+    };
+    const struct {
+        const char* name;
+        const char16_t* selected; // nothing below it is expanded
+        std::function<void()> command;
+        const char* after;
+        const char16_t* filter = u"";
+    } cases[] = {
+        {"collapsed", u"S",
+            [&] {
+                add({path("n.dwg"), path("m.dwg")});
+            },
+            "n.dwg m.dwg"},
+        {"empty", u"E",
+            [&] {
+                add({path("n.dwg"), path("a.dwg")});
+            },
+            "n.dwg"},
+        {"project", u"A", [&] { add({path("n.dwg")}); }, "n.dwg"},
+        {"hidden by the filter", u"S", [&] { add({path("n.dwg")}); }, "n.dwg", u"s1"},
+        {"nothing new", u"S", [&] { add({path("a.dwg")}); }, "S"},
+        {"current", u"A", [&] { run(244); }, "current.dwg"},
+        {"copy", u"t.dwg",
+            [&] {
+                ui.answerFiles(463, {path("n.dwg")});
+                tree->copySelectedDrawing();
+            },
+            "n.dwg"},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        tree->setFilter({});
+        files.erase(path("n.dwg"));
+        reRead("A", std::string(plainLines) + "=====SUB=E\n");
+        tree->expandAll(nullptr, false);
+        select({each.selected});
+        tree->setFilter(each.filter);
+        each.command();
+        EXPECT_EQ(selected(), each.after);
+        for (const TreeItem* const item : tree->selection())
+            EXPECT_TRUE(item->shown() && isExposed(*item));
+    }
+}
+
 TEST_F(Commands, removingByLisp_keepsSubfoldersExpanded) {
     tree->expand(row(u"A"), true);
     tree->expand(row(u"S"), true);
@@ -280,19 +329,75 @@ TEST_F(Commands, linkedProject_asksInOtherWords) {
     EXPECT_EQ(onDisk(), plainTree);
 }
 
-TEST_F(Commands, replacing_refusesWhatIsOpenOrListed) {
+TEST_F(Commands, replacing_refusesWhatIsListed) {
     select({u"a.dwg"});
     ui.answerFiles(462, {path("b.dwg")});
     run(226);
     EXPECT_EQ(ui.messages.back().message, 470);
-    documents.openDocument(path("A.dwg"));
-    run(226);
-    EXPECT_EQ(ui.messages.back().message, 469);
-    documents.closeDocument(documents.currentDocument());
     ui.answerFiles(462, {path("n.dwg")});
     run(226);
     EXPECT_EQ(onDisk(), "b.dwg S{s2.dwg s1.dwg T{t.dwg}} n.dwg");
     EXPECT_EQ(rows(), "*A(b.dwg S(s2.dwg s1.dwg T(t.dwg)) n.dwg)");
+}
+
+TEST_F(Commands, replacingAnOpenDrawing_closesItsDocument) {
+    const CString opening = u"_.open \"C:\\P\\n.dwg\"\r";
+    const CString closing = u"_.close\r";
+    files.put(path("n.dwg"), "drawing");
+    DocumentId document = DocumentId::none;
+    const auto nothing = [] {};
+    const auto listedByAnother = [this] { open("B", "a.dwg\n"); };
+    const auto leftFront = [this] { documents.openDocument(path("b.dwg")); };
+    const struct {
+        const char* name;
+        std::function<void()> before;    // the command
+        std::function<void()> meanwhile; // while the user chooses
+        std::function<void()> after;     // before the host gets to it
+        CStringArray sent;
+        const char* notice = "";
+        bool replaces = true;
+    } cases[] = {
+        {"in front", nothing, nothing, nothing, {opening, closing}},
+        {"behind another", leftFront, nothing, nothing, {closing}},
+        {"opened while asked", [&] { documents.closeDocument(document); },
+            [&] { document = documents.openDocument(path("a.dwg")); }, nothing, {opening, closing}},
+        {"closed while asked", nothing, [&] { documents.closeDocument(document); }, nothing, {}},
+        {"closed behind the command", nothing, nothing, [&] { documents.closeDocument(document); }, {}},
+        {"listed again", nothing, nothing,
+            [this] { manager->addFileToProject(std::make_unique<RyvPrmFileDetails>(path("a.dwg"))); }, {}},
+        {"listed by another project", listedByAnother, nothing, nothing, {}},
+        {"at work", [&] { documents.setQuiescent(document, false); }, nothing, nothing, {},
+            "a.dwg does not belong to the project any more, and is open still."},
+        {"taken out while asked", nothing, [this] { manager->removeFileFromProject(path("a.dwg")); }, nothing,
+            {}, "What the command was about is not in project A any more. Nothing was changed.", false},
+        {"project closed while asked", nothing, [this] { manager->closeProject(id, true); }, nothing, {}, "",
+            false},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        manager->closeProject(path("B.kqp"), true);
+        manager->openProject(id, true);
+        reRead("A", plainLines);
+        for (const DocumentId open : documents.documents())
+            documents.closeDocument(open);
+        documents.openDocument(path("first.dwg"));
+        document = documents.openDocument(path("A.dwg"));
+        tree->notice().clear();
+        documents.sent.clear();
+        select({u"a.dwg"});
+        each.before();
+        ui.answerFiles(462, {path("n.dwg")});
+        ui.meanwhile = each.meanwhile;
+        run(226);
+        ui.meanwhile = nothing;
+        each.after();
+        documents.runApplicationContext();
+        EXPECT_EQ(documents.sentTexts(), each.sent);
+        EXPECT_EQ(documents.sent.empty() ? document : documents.sent.back().document, document);
+        EXPECT_EQ(noticeText().substr(0, std::string(each.notice).size()), each.notice);
+        EXPECT_EQ(onDisk().find("n.dwg") != std::string::npos, each.replaces);
+        EXPECT_EQ(lockCount(), 0u);
+    }
 }
 
 TEST_F(Commands, sorting_movesSubfoldersAsTheUserSays) {
@@ -434,6 +539,7 @@ TEST_F(Commands, copying_takesTheDrawingThatTheMenuWasFor) {
     ui.answerFiles(463, {path("n.dwg")});
     tree->copySelectedDrawing();
     EXPECT_EQ(onDisk(), "b.dwg S{s2.dwg s1.dwg T{t.dwg n.dwg}} a.dwg");
+    select({u"a.dwg"});
     ui.answerFiles(463, {path("m.dwg")});
     tree->copySelectedDrawing();
     EXPECT_EQ(onDisk(), "b.dwg S{s2.dwg s1.dwg T{t.dwg n.dwg}} a.dwg m.dwg") << "now the selected one";
@@ -475,7 +581,10 @@ TEST_F(Commands, openAndClose_goThroughDocuments) {
     tree->DrawingMenuOpen();
     EXPECT_EQ(
         documents.sentTexts(), (CStringArray{u"_.open \"C:\\P\\s1.dwg\"\r", u"_.open \"C:\\P\\a.dwg\"\r"}));
-    EXPECT_EQ(noticeText(), "1 of the drawings could not be opened.");
+    EXPECT_EQ(noticeText().substr(0, 23), "b.dwg was not found in ");
+    files.erase(path("s1.dwg"));
+    tree->DrawingMenuOpen();
+    EXPECT_EQ(noticeText(), "2 of the drawings could not be opened.");
     const DocumentId first = documents.openDocument(path("S1.dwg"));
     documents.openDocument(path("other.dwg"));
     documents.sent.clear();

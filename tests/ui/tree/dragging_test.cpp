@@ -127,6 +127,38 @@ TEST_F(Dragging, hiddenRows_areNotLost) {
     expectAsOnDisk();
 }
 
+TEST_F(Dragging, keys_moveWhatIsSelectedStepByStep) {
+    const Modifiers alt{.alt = true};
+    const struct {
+        std::vector<const char16_t*> selected;
+        TreeKeyCode key;
+        const char* rows; // empty: leads nowhere
+    } cases[] = {
+        {{u"e.dwg"}, TreeKeyCode::up, "DEMO(a.dwg e.dwg S(b.dwg c.dwg T(d.dwg)) T(f.dwg))"},
+        {{u"a.dwg", u"S"}, TreeKeyCode::down, "DEMO(e.dwg a.dwg S(b.dwg c.dwg T(d.dwg)) T(f.dwg))"},
+        {{u"T"}, TreeKeyCode::down, ""},
+        {{u"b.dwg"}, TreeKeyCode::left, "DEMO(a.dwg S(c.dwg T(d.dwg)) b.dwg e.dwg T(f.dwg))"},
+        {{u"a.dwg"}, TreeKeyCode::left, ""},
+        {{u"e.dwg"}, TreeKeyCode::right, "DEMO(a.dwg S(b.dwg c.dwg T(d.dwg) e.dwg) T(f.dwg))"},
+        {{u"a.dwg"}, TreeKeyCode::right, "DEMO(S(a.dwg b.dwg c.dwg T(d.dwg)) e.dwg T(f.dwg))"},
+        {{u"a.dwg", u"b.dwg"}, TreeKeyCode::up, ""},
+        {{u"DEMO"}, TreeKeyCode::up, ""},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.rows);
+        startAgain();
+        std::vector<TreeItem*> chosen;
+        for (const char16_t* const name : each.selected)
+            chosen.push_back(CString(name) == u"DEMO" ? tree->GetProjectItem(id) : &at(name));
+        tree->setSelection(chosen);
+        const std::string before = selected();
+        EXPECT_EQ(tree->key(each.key, alt), *each.rows != 0);
+        EXPECT_EQ(rows(), *each.rows ? each.rows : shown);
+        EXPECT_EQ(selected(), before) << "and can be moved on";
+        expectAsOnDisk();
+    }
+}
+
 TEST_F(Dragging, projectChangedMeanwhile_loseNothing) {
     const struct {
         const char* name;
@@ -160,6 +192,8 @@ TEST_F(Dragging, projectChangedMeanwhile_loseNothing) {
             surroundings.lockCheck.meanwhile = [] {};
             const bool placeGone = std::string(each.name) == "place is gone";
             EXPECT_EQ(rows(), placeGone && whileLocking ? "DEMO(a.dwg b.dwg x.dwg)" : each.rows);
+            const bool nothingDone = !each.lines || !std::string(each.rows).find("DEMO(x") || placeGone;
+            EXPECT_EQ(nothingDone, !tree->notice().text().empty());
             EXPECT_TRUE(surroundings.lockCheck.locked.empty());
         }
 }

@@ -176,13 +176,13 @@ TEST_F(Following, refresh_readsAllProjectsAgain) {
     display({103, 108});
     TreeStory story(*tree);
     tree->Refresh();
+    EXPECT_NE(toUtf8(tree->notice().text()).find("B.kqp could not be read again"), std::string::npos);
     EXPECT_EQ(rows(), "A(S(b.dwg) x.dwg) B(c.dwg - One)");
     EXPECT_EQ(story.take(), "insert A:2+1, remove A:0-1, changed c.dwg - One");
     EXPECT_EQ(selected(), "b.dwg");
     EXPECT_TRUE(row(u"S").expanded());
 }
 
-/// Looks at the databases that are open when rows come.
 TEST_F(Following, rebuildThatThrows_isToldAndLeavesNoDestructor) {
     open("A", "a.dwg\n");
     open("B", "b.dwg\n");

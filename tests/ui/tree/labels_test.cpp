@@ -62,6 +62,38 @@ TEST_F(Labels, databaseFields_areAskedByThePathInCapitalsWithSlashes) {
     EXPECT_EQ(surroundings.console.printed, u"");
 }
 
+/// Counts how often it is asked for what.
+class CountingDatabase final : public NullProjectDatabase {
+public:
+    std::map<CString, int> asked; // by column
+    bool PmGetProjectDb(CStringView, CString& path) override {
+        path = u"counting";
+        return true;
+    }
+    std::unique_ptr<DatabaseRecordset> open(CStringView, CString&) override {
+        struct Recordset final : DatabaseRecordset {
+            explicit Recordset(CountingDatabase& of) : owner(of) {}
+            bool query(const DatabaseQuery& query, CStringArray& row, CString&) override {
+                ++owner.asked[query.column];
+                row = {query.column};
+                return true;
+            }
+            CountingDatabase& owner;
+        };
+        return std::make_unique<Recordset>(*this);
+    }
+};
+
+TEST_F(Labels, databaseValues_areAskedForOnce) {
+    CountingDatabase database;
+    surroundings.ports.services.projectDatabase = &database;
+    display({106, 103, 101});
+    EXPECT_EQ(label("a.dwg\n"), "SH - a.dwg - IEC_I");
+    EXPECT_EQ(
+        database.asked, (std::map<CString, int>{{u"SH", 1}, {u"SHDWGNAM", 1}, {u"IEC_I", 1}, {u"IEC_L", 1}}));
+    surroundings.ports.services.projectDatabase = &surroundings.projectDatabase;
+}
+
 TEST_F(Labels, databaseValues_areKeptInTheRecordAndFound) {
     hasDatabase(u"C:/P/PANEL01.DWG",
         {{u"SH", u"sheet9"}, {u"SHDWGNAM", u"E100"}, {u"IEC_I", u"=hall"}, {u"IEC_L", u"+roof"}});

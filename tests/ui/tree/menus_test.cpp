@@ -122,6 +122,77 @@ TEST_F(Menus, choice_runsOnTheRowsThatTheMenuWasFor) {
     EXPECT_EQ(surroundings.documents.sent.size(), 1u);
 }
 
+/// Whichever row was selected before.
+TEST_F(Menus, doubleClick_isAboutItsRow) {
+    select({u"a.dwg"});
+    tree->doubleClick(row(u"b.dwg"));
+    select({u"b.dwg", u"a.dwg"});
+    tree->setFocus(&row(u"a.dwg"));
+    files.erase(path("a.dwg"));
+    tree->doubleClick(row(u"b.dwg"));
+    const CString opening = u"_.open \"C:\\P\\b.dwg\"\r";
+    EXPECT_EQ(surroundings.documents.sentTexts(), (CStringArray{opening, opening}));
+}
+
+TEST_F(Menus, drawingThatCannotBeOpened_isToldWhy) {
+    reRead("A", "a.dwg\nGONE\\b.dwg\nc.dwg\nd.dwg\n");
+    files.erase(path("a.dwg"));
+    files.erase(path("GONE\\b.dwg"));
+    FileHandle holder = FileHandle::none;
+    files.put(path("c.dwg.FLL"), "nonsense");
+    ASSERT_TRUE(files.open(path("c.dwg.FLL"), OpenMode::readWrite, holder).ok());
+    ASSERT_TRUE(files.lock(holder, {}).ok());
+    surroundings.documents.sent.clear(); // the re-read
+    const std::pair<const char16_t*, std::string> cases[] = {{u"a.dwg", "a.dwg was not found in "},
+        {u"b.dwg", "b.dwg was not found: there is no folder "},
+        {u"c.dwg", "c.dwg is locked, and its lock file does not say by whom."}};
+    for (const auto& [label, text] : cases) {
+        tree->notice().clear();
+        tree->doubleClick(row(label));
+        EXPECT_EQ(noticeText().substr(0, text.size()), text);
+        tree->notice().clear();
+        EXPECT_TRUE(tree->key(TreeKeyCode::enter));
+        EXPECT_EQ(noticeText().substr(0, text.size()), text);
+    }
+    static_cast<void>(files.close(holder));
+    EXPECT_EQ(surroundings.documents.sentTexts(), CStringArray());
+    faults.arm({.error = FileError::denied, .kind = FileCall::information, .lasting = true});
+    tree->doubleClick(row(u"d.dwg"));
+    faults.disarm();
+    EXPECT_EQ(noticeText().substr(0, 27), "d.dwg could not be opened: ");
+}
+
+TEST_F(Menus, notice_lastsUntilTheUserGoesOn) {
+    const struct {
+        const char* what;
+        std::function<void()> act;
+        bool clears;
+    } cases[] = {{"the same row", [&] { tree->click(&row(u"a.dwg")); }, false},
+        {"rows for the program", [&] { tree->setSelection({&row(u"b.dwg")}); }, false},
+        {"a row that goes", [&] { reRead("A", "b.dwg\n=====SUB=S\ns1.dwg\n"); }, false},
+        {"a disabled command", [&] { tree->runCommand(4711); }, false},
+        {"another row", [&] { tree->click(&row(u"b.dwg")); }, true},
+        {"a key", [&] { tree->key(TreeKeyCode::up); }, true},
+        {"all rows", [&] { tree->key(TreeKeyCode::selectAll); }, true},
+        {"no row", [&] { tree->click(nullptr); }, true},
+        {"a menu elsewhere", [&] { tree->contextMenu(&row(u"b.dwg"), {}); }, true},
+        {"a command", [&] { tree->runCommand(202); }, true},
+        {"an edit", [&] { tree->editLabel(row(u"a.dwg")); }, true}};
+    for (const bool offers : {false, true})
+        for (const auto& each : cases) {
+            SCOPED_TRACE(each.what);
+            tree->finishEdit(std::nullopt);
+            reRead("A", plainLines);
+            select({u"a.dwg"});
+            if (offers)
+                tree->notice().tell(u"told", u"Undo", [] {});
+            else
+                tree->notice().tell(u"told");
+            each.act();
+            EXPECT_EQ(noticeText(), each.clears && !offers ? "" : "told");
+        }
+}
+
 TEST_F(Menus, keysAndClicks_giveCommands) {
     select({u"a.dwg"});
     EXPECT_TRUE(tree->key(TreeKeyCode::enter));

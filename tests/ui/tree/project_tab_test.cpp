@@ -125,13 +125,6 @@ TEST_F(ProjectTab, displayDialog_refreshesTheLabelsAfterOk) {
         tab->button(Tab::displayId).press();
         EXPECT_EQ(label(), result == UserInterface::idOk ? "a.dwg - Main" : "a.dwg");
     }
-    // The palette goes while the dialog is open.
-    surroundings.ui.answerDialog([&](Dialog&) {
-        tab.reset();
-        return UserInterface::idOk;
-    });
-    tab->button(Tab::displayId).press();
-    EXPECT_EQ(tab, nullptr);
 }
 
 TEST_F(ProjectTab, publish_offersItsCommandsAndRunsTheChosenOne) {

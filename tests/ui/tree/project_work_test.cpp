@@ -15,6 +15,7 @@ struct Command {
     int id;
     std::function<void(ScriptedUserInterface&)> answer;
     bool asks = true;
+    void (*act)(CProjectTree&) = nullptr; ///< in place of a command of the table
 };
 
 void answerNothing(ScriptedUserInterface&) {}
@@ -32,6 +33,31 @@ const Command commands[] = {{"descriptions", {u"A"}, 203, answerNothing},
         [](auto& ui) { ui.answerTask(u"RyvPageMan.RemoveSubfoldersAndDrawings", 6); }},
     {"replace", {u"U.dwg"}, 226, [](auto& ui) { ui.answerFiles(462, {u"C:\\P\\n.dwg"}); }},
     {"copy", {u"U.dwg"}, copies, [](auto& ui) { ui.answerFiles(463, {u"C:\\P\\n.dwg"}); }}};
+
+void rename(CProjectTree& tree, const CString& name) {
+    if (tree.editLabel(*tree.selection().front()))
+        tree.finishEdit(name);
+}
+
+/// Moves the subfolder behind the last drawing.
+void dropSubfolder(CProjectTree& tree) {
+    TreeItem* const project = CProjectTree::GetProjectItemFromItem(tree.selection().front());
+    tree.beginDrag();
+    tree.dragOver(project->lastChild(), DropPosition::after);
+    tree.drop();
+}
+
+void dropAndTakeBack(CProjectTree& tree) {
+    dropSubfolder(tree);
+    tree.notice().accept();
+}
+
+/// What is done without a command.
+const Command gestures[] = {
+    {"rename drawing", {u"U.dwg"}, 0, answerNothing, false, [](CProjectTree& tree) { rename(tree, u"n"); }},
+    {"rename subfolder", {u"S"}, 0, answerNothing, false, [](CProjectTree& tree) { rename(tree, u"N"); }},
+    {"drop", {u"S"}, 0, answerNothing, false, dropSubfolder},
+    {"take back", {u"S"}, 0, answerNothing, false, dropAndTakeBack}};
 
 class Unlocking : public CommandsFixture {
 protected:
@@ -59,7 +85,9 @@ protected:
             items.push_back(&row(label));
         }
         tree->setSelection(items);
-        if (command.id == copies)
+        if (command.act)
+            command.act(*tree);
+        else if (command.id == copies)
             tree->copySelectedDrawing();
         else
             EXPECT_TRUE(tree->runCommand(command.id));
@@ -149,7 +177,9 @@ TEST_F(Unlocking, failedWrite_isToldAndTakenBack) {
 
 /// Whichever call it is: rows and files are those of the project file, and a repeated command is no worse.
 TEST_F(Unlocking, anyFileCallFails_leavesRowsAndFilesAsOnDisk) {
-    for (const Command& command : commands) {
+    std::vector<Command> all(std::begin(commands), std::end(commands));
+    all.insert(all.end(), std::begin(gestures), std::end(gestures));
+    for (const Command& command : all) {
         SCOPED_TRACE(command.name);
         std::size_t number = 1;
         for (bool fired = true; fired && number < 1000; ++number) {
@@ -295,6 +325,15 @@ TEST_F(Unlocking, refusal_namesFileAndHolder) {
         "b.dwg is being worked on by eve(BOX Ev). Nothing was changed; try again later.");
     static_cast<void>(files.close(holder));
     files.erase(lockFile);
+    surroundings.lockCheck.meanwhile = [this] { manager->lockProjectFile(id); };
+    faults.limitSpace(0);
+    EXPECT_FALSE(work.lock());
+    faults.limitSpace(1000000);
+    EXPECT_EQ(noticeText().substr(noticeText().find("A.kqp")),
+        "A.kqp could not be locked: no space left on the disk. Nothing was changed.");
+    surroundings.lockCheck.meanwhile = [] {};
+    EXPECT_FALSE(work.lock());
+    EXPECT_EQ(noticeText(), "The files of project A could not be locked. Nothing was changed.");
     files.protect(id);
     EXPECT_FALSE(work.lock());
     EXPECT_EQ(noticeText().substr(noticeText().find("A.kqp")),

@@ -17,8 +17,12 @@ protected:
         surroundings.ports.os.files = &faulty;
         id = open("DEMO", lines);
         tree->expandAll(nullptr, true);
+        tree->attach(editor);
     }
-    ~Renaming() override { surroundings.ports.os.files = &files; } // the disk that fails goes first
+    ~Renaming() override {
+        tree->detach(editor);
+        surroundings.ports.os.files = &files; // the disk that fails goes first
+    }
     void rename(CStringView label, const CString& text) {
         ASSERT_TRUE(tree->editLabel(row(label))) << toUtf8(tree->notice().text());
         tree->finishEdit(text);
@@ -55,10 +59,22 @@ protected:
         }
         return text;
     }
+    /// What is offered to be changed after a name was refused; empty when nothing is. Gives it up.
+    CString typedAgain() {
+        const CString text = tree->editedItem() ? editor.text : CString();
+        tree->finishEdit(std::nullopt);
+        return text;
+    }
+    class Editor final : public TreeObserver {
+    public:
+        void editStarted(TreeItem&, const CString& offered) override { text = offered; }
+        CString text;
+    };
     static constexpr const char* onDisk = "POWER<PANEL<a.dwg MOTOR<PANEL<b.dwg PANEL<c.dwg ";
 
     FaultFiles faulty{files};
     CString id;
+    Editor editor;
 };
 
 TEST_F(Renaming, subfolder_byItsRules) {
@@ -85,7 +101,9 @@ TEST_F(Renaming, subfolder_byItsRules) {
         ASSERT_TRUE(tree->editLabel(subfolder));
         EXPECT_TRUE(surroundings.lockCheck.isLocked(id));
         tree->finishEdit(CString(each.text));
-        EXPECT_EQ(asked(), each.asked);
+        const std::string told = asked();
+        EXPECT_EQ(told, each.asked);
+        EXPECT_EQ(typedAgain(), told.empty() ? CString() : CString(each.text));
         EXPECT_EQ(toUtf8(subfolder.label()), each.name);
         EXPECT_EQ(CProjectTree::GetItemData(&subfolder)->key, subfolder.label());
         EXPECT_TRUE(subfolder.expanded() && subfolder.selected());
@@ -94,6 +112,9 @@ TEST_F(Renaming, subfolder_byItsRules) {
     }
     EXPECT_FALSE(tree->editLabel(row(u"DEMO"))) << "projects have the names of their files";
     rename(u"POWER", u"a;b");
+    EXPECT_TRUE(surroundings.lockCheck.isLocked(id));
+    tree->finishEdit(u"ab");
+    EXPECT_EQ(rows(), "DEMO(PANEL(AB(a.dwg) MOTOR(b.dwg) c.dwg))");
     EXPECT_EQ(surroundings.ui.tasks.back().variables.front().second, u"<>/\\\"':;?*|,=`");
 }
 
@@ -128,7 +149,9 @@ TEST_F(Renaming, drawing_byItsRules) {
         ASSERT_TRUE(tree->editLabel(drawing));
         EXPECT_TRUE(surroundings.lockCheck.isLocked(CProjectTree::GetItemData(&drawing)->key));
         tree->finishEdit(each.text);
-        EXPECT_EQ(asked(), each.asked);
+        const std::string told = asked();
+        EXPECT_EQ(told, each.asked);
+        EXPECT_EQ(typedAgain(), told == "message " ? each.text : CString());
         EXPECT_EQ(toUtf8(drawing.label()), each.name);
         EXPECT_EQ(&drawing, row(u"POWER").firstChild()) << "the same row";
         EXPECT_EQ(CProjectTree::GetItemData(&drawing)->key, u"C:\\P\\" + drawing.label());
@@ -145,18 +168,11 @@ TEST_F(Renaming, drawing_byItsRules) {
 TEST_F(Renaming, drawing_isOfferedByItsFileName) {
     display({104, 103});
     reRead("DEMO", "=sec\na.dwg\n");
-    class View final : public TreeObserver {
-    public:
-        void editStarted(TreeItem&, const CString& offered) override { text = offered; }
-        CString text;
-    } view;
-    tree->attach(view);
     TreeItem& drawing = *tree->child(nullptr, 0)->firstChild();
     EXPECT_TRUE(tree->editLabel(drawing));
-    EXPECT_EQ(view.text, u"a.dwg");
+    EXPECT_EQ(editor.text, u"a.dwg");
     tree->finishEdit(u"new");
     EXPECT_TRUE(drawing.label().ends_with(u"new.dwg"));
-    tree->detach(view);
 }
 
 TEST_F(Renaming, openDrawing_goesOnUnderItsNewName) {
@@ -280,6 +296,71 @@ TEST_F(Renaming, drawingListedTwice_isRenamedEverywhere) {
     EXPECT_EQ(rowsOnDisk(), "new.dwg PANEL<new.dwg b.dwg ");
 }
 
+TEST_F(Renaming, otherOpenProjects_follow) {
+    const struct {
+        const char* name;
+        std::function<void(const CString& other)> prepare; // after the editing began
+        const char* rows;                                  // of the other project
+        const char* notice = "";
+        bool isWritten = true;
+        const char* asked = "";
+    } cases[] = {
+        {"followed", [](const CString&) {}, "OTHER(new.dwg x.dwg S(new.dwg))"},
+        {"held", [&](const CString& other) { surroundings.lockCheck.heldByOthers = {toUpper(other)}; },
+            "OTHER(A.DWG x.dwg S(a.dwg))",
+            "Projects that could not be changed, and still list the drawing as a.dwg: OTHER.", false},
+        {"not written",
+            [&](const CString&) { surroundings.lockCheck.meanwhile = [this] { faulty.limitSpace(0); }; },
+            "OTHER(A.DWG x.dwg S(a.dwg))",
+            "Projects that could not be changed, and still list the drawing as a.dwg: OTHER.", false,
+            "message "},
+        {"has the name already",
+            [&](const CString&) {
+                reRead("OTHER", "A.DWG\nx.dwg\n=====SUB=S\nnew.dwg\n");
+                files.erase(path("new.dwg"));
+            },
+            "OTHER(A.DWG x.dwg S(new.dwg))",
+            "Projects that could not be changed, and still list the drawing as a.dwg: OTHER.", false},
+        {"closed",
+            [&](const CString& other) {
+                surroundings.lockCheck.meanwhile = [this, other] { manager->closeProject(other, true); };
+            },
+            "", "", false},
+        {"not listed any more",
+            [&](const CString&) {
+                surroundings.lockCheck.meanwhile = [this] { reRead("OTHER", "x.dwg\n"); };
+            },
+            "OTHER(x.dwg)", "", false},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        manager->closeProject(path("OTHER.kqp"), true);
+        for (const CString& file : files.paths())
+            files.erase(file);
+        reRead("DEMO", lines);
+        tree->expandAll(nullptr, true);
+        const CString other = open("OTHER", "A.DWG\nx.dwg\n=====SUB=S\na.dwg\n");
+        tree->notice().clear();
+        surroundings.projectDatabase.renames.clear();
+        TreeItem& drawing = *row(u"POWER").firstChild();
+        ASSERT_TRUE(tree->editLabel(drawing));
+        each.prepare(other);
+        tree->finishEdit(u"new");
+        surroundings.lockCheck.meanwhile = [] {};
+        surroundings.lockCheck.heldByOthers.clear();
+        faulty.limitSpace(1000000);
+        EXPECT_EQ(asked(), each.asked);
+        EXPECT_EQ(rowsOnDisk(), "POWER<PANEL<new.dwg MOTOR<PANEL<b.dwg PANEL<c.dwg ");
+        EXPECT_NE(rows().find("DEMO(PANEL(POWER(new.dwg) MOTOR(b.dwg) c.dwg))"), std::string::npos);
+        EXPECT_NE(rows().find(each.rows), std::string::npos) << rows();
+        EXPECT_EQ(toUtf8(tree->notice().text()), each.notice);
+        EXPECT_EQ(files.get(other)->find("new.dwg") < files.get(other)->find("x.dwg"), each.isWritten);
+        const CStringArray& told = surroundings.projectDatabase.renames;
+        EXPECT_EQ(told.back().starts_with(u"completed C:\\P\\OTHER.kqp|C:\\P\\new.dwg"), each.isWritten);
+        EXPECT_TRUE(surroundings.lockCheck.locked.empty());
+    }
+}
+
 TEST_F(Renaming, lockedFiles_areNotRenamed) {
     const struct {
         CString held;
@@ -295,6 +376,32 @@ TEST_F(Renaming, lockedFiles_areNotRenamed) {
     surroundings.lockCheck.heldByOthers.clear();
     EXPECT_TRUE(tree->editLabel(row(u"POWER"))) << "a refusal leaves nothing behind";
     tree->finishEdit({});
+}
+
+/// The row, its project or the locks may be gone behind the message.
+TEST_F(Renaming, refusedName_isOfferedAgainOnlyWhereItCanBe) {
+    const struct {
+        const char* name;
+        std::function<void()> meanwhile; // while the message stands
+        bool again;
+    } cases[] = {
+        {"nothing", [] {}, true},
+        {"read again", [&] { reRead("DEMO", std::string(lines) + "d.dwg\n"); }, true},
+        {"row gone", [&] { reRead("DEMO", "=====SUB=PANEL\nc.dwg\n"); }, false},
+        {"closed", [&] { manager->closeProject(id, true); }, false},
+        {"locked by another", [&] { surroundings.lockCheck.heldByOthers = {toUpper(id)}; }, false},
+    };
+    for (const auto& each : cases) {
+        SCOPED_TRACE(each.name);
+        manager->openProject(id, false);
+        reRead("DEMO", lines);
+        surroundings.ui.meanwhile = each.meanwhile;
+        rename(u"POWER", u"motor");
+        surroundings.ui.meanwhile = [] {};
+        EXPECT_EQ(typedAgain(), each.again ? u"motor" : u"");
+        EXPECT_TRUE(surroundings.lockCheck.locked.empty());
+        surroundings.lockCheck.heldByOthers.clear();
+    }
 }
 
 TEST_F(Renaming, reReadWhileTyping_isDealtWithAfterwards) {

@@ -3,10 +3,7 @@
 
 #include "base/encoding.h"
 #include "base/text.h"
-#include "manager/nav_state.h"
-#include "manager/reread_window.h"
-#include "tests/support/memory_files.h"
-#include "tests/support/scripted_platform.h"
+#include "tests/support/memory_manager.h"
 #include "ui/tree/project_tree.h"
 
 #include <gtest/gtest.h>
@@ -57,21 +54,12 @@ private:
     std::string story_;
 };
 
-class TreeFixture : public ::testing::Test {
+class TreeFixture : public MemoryManager {
 protected:
     TreeFixture() {
-        setNavState(&state);
-        state.createProjectManager();
-        manager = state.projectManager();
         tree = std::make_unique<CProjectTree>();
         tree->HookProjectEvents();
     }
-    ~TreeFixture() override {
-        tree.reset();
-        state.destroyProjectManager();
-    }
-
-    static CString path(std::string_view name) { return u"C:\\P\\" + decodeUtf8(name); }
 
     /// Writes "C:\P\NAME.kqp" with these lines, makes the drawings that they name, and gives the ID.
     CString project(const std::string& name, const std::string& lines) {
@@ -127,11 +115,6 @@ protected:
         return text;
     }
 
-    MemoryFiles files;
-    ScriptedPlatform surroundings{&files};
-    NavState state;
-    RereadWindow window{state};
-    RyvPrmProjectManager* manager = nullptr;
     std::unique_ptr<CProjectTree> tree;
 };
 
