@@ -223,6 +223,12 @@ bool Host::openProject(ryv::CStringView path) {
     return false;
 }
 
+ryv::CString Host::activeProject() const {
+    const auto kept = lispHost_.blackboard.find(u"RYP-ACTIVE-PROJECT");
+    const ryv::CString* const path = kept == lispHost_.blackboard.end() ? nullptr : kept->second.stringAt(0);
+    return path ? *path : ryv::CString();
+}
+
 bool Host::hasNameOfOpen(ryv::CStringView path) {
     constexpr ryv::CStringView function = u"ryv_isProjectSameNameAsExisting";
     Document* const document = documents_.current();

@@ -90,6 +90,9 @@ public:
     /// Makes a project the active one of the package; false, with the reason printed, when it cannot be.
     bool openProject(ryv::CStringView path);
 
+    /// The path of the project that the package's LISP takes for the active one; empty when there is none.
+    ryv::CString activeProject() const;
+
     /// Loads a plug-in module by the native path of its file; false, with one line in `problem`, when that
     /// cannot be done.
     bool loadModule(const std::string& file, std::string& problem);

@@ -26,7 +26,7 @@ public:
     }
 
     QSize sizeHint() const override {
-        return {fontMetrics().averageCharWidth() * 36, fontMetrics().lineSpacing() * 8};
+        return {fontMetrics().averageCharWidth() * 36, fontMetrics().lineSpacing() * 11};
     }
     QSize minimumSizeHint() const override {
         return {fontMetrics().averageCharWidth() * 12, fontMetrics().lineSpacing() * 4};

@@ -3,6 +3,7 @@
 #include "embedded/qt/controls/control_link.h"
 #include "embedded/qt/controls/control_views.h"
 #include "embedded/qt/controls/label_texts.h"
+#include "embedded/qt/dialogs/scrolled_content.h"
 #include "embedded/qt/look/theme.h"
 #include "embedded/qt/qt_text.h"
 #include "toolkit/property_sheet.h"
@@ -19,6 +20,8 @@
 namespace drafta {
 
 namespace {
+
+constexpr double partForContent = 0.75; // of the screen; the rest is for buttons and the window's frame
 
 QDialogButtonBox::ButtonRole roleOf(const ryv::Button& button) {
     if (button.id() == ryv::Dialog::idOk)
@@ -60,14 +63,23 @@ void DialogWindow::build() {
     auto* const rows = new QVBoxLayout(this);
     rows->setContentsMargins(metrics::margin, metrics::margin, metrics::margin, metrics::margin);
     rows->setSpacing(metrics::margin);
-    const bool anyTall = addPanels(dialog_.panels(), context_, views_, *rows, this);
+    rows->addWidget(new ScrolledContent(makeContent(), partForContent, this), 1);
+    addButtons(*rows);
+    setMinimumWidth(fontMetrics().averageCharWidth() * 44);
+    takeArrangement();
+}
+
+QWidget* DialogWindow::makeContent() {
+    auto* const content = new QWidget(this);
+    auto* const rows = new QVBoxLayout(content);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(metrics::margin);
+    const bool anyTall = addPanels(dialog_.panels(), context_, views_, *rows, content);
     if (sheet_ && !sheet_->pages().empty())
         addPages(*rows, *sheet_);
     else if (!anyTall)
         rows->addStretch(1);
-    addButtons(*rows);
-    setMinimumWidth(fontMetrics().averageCharWidth() * 44);
-    takeArrangement();
+    return content;
 }
 
 void DialogWindow::addPages(QVBoxLayout& rows, ryv::PropertySheet& sheet) {

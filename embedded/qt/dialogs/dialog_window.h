@@ -40,6 +40,7 @@ protected:
 
 private:
     void build();
+    QWidget* makeContent();
     void addPages(QVBoxLayout& rows, ryv::PropertySheet& sheet);
     void addButtons(QVBoxLayout& rows);
     void perform(const std::function<void()>& work);

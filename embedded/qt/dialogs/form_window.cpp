@@ -1,6 +1,7 @@
 #include "embedded/qt/dialogs/form_window.h"
 
 #include "embedded/qt/controls/label_texts.h"
+#include "embedded/qt/dialogs/scrolled_content.h"
 #include "embedded/qt/dialogs/search_list.h"
 #include "embedded/qt/look/theme.h"
 #include "embedded/qt/qt_text.h"
@@ -12,6 +13,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QVBoxLayout>
 #include <algorithm>
 
 namespace drafta {
@@ -20,6 +22,7 @@ namespace {
 
 using ryv::FormField;
 
+constexpr double partForFields = 0.75;  // of the screen; the rest is for buttons and the window's frame
 constexpr std::size_t mostInCombo = 25; // more of them are searched rather than scrolled
 
 ryv::CString firstOf(const ryv::CStringArray& values) {
@@ -35,12 +38,26 @@ QString buttonText(const ryv::CString& given, const QString& usual) {
 FormWindow::FormWindow(const ryv::FormRequest& request, QWidget* parent) : QDialog(parent) {
     setWindowTitle(toQt(request.title));
     setObjectName(toQt(request.name));
-    auto* const rows = new QFormLayout(this);
-    rows->setContentsMargins(metrics::margin, metrics::margin, metrics::margin, metrics::margin);
+    auto* const all = new QVBoxLayout(this);
+    all->setContentsMargins(metrics::margin, metrics::margin, metrics::margin, metrics::margin);
+    all->setSpacing(metrics::margin);
+    all->addWidget(new ScrolledContent(makeFields(request), partForFields, this), 1);
+    all->addWidget(makeButtons(request));
+    setMinimumWidth(fontMetrics().averageCharWidth() * 50);
+}
+
+QWidget* FormWindow::makeFields(const ryv::FormRequest& request) {
+    auto* const content = new QWidget(this);
+    auto* const rows = new QFormLayout(content);
+    rows->setContentsMargins(0, 0, 0, 0);
     rows->setSpacing(metrics::gap);
     rows->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     for (const FormField& field : request.fields)
         addField(field, *rows);
+    return content;
+}
+
+QWidget* FormWindow::makeButtons(const ryv::FormRequest& request) {
     auto* const box = new QDialogButtonBox(this);
     QPushButton* const confirm =
         box->addButton(buttonText(request.confirm, QStringLiteral("OK")), QDialogButtonBox::AcceptRole);
@@ -48,8 +65,7 @@ FormWindow::FormWindow(const ryv::FormRequest& request, QWidget* parent) : QDial
     confirm->setDefault(true);
     connect(box, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(box, &QDialogButtonBox::rejected, this, &QDialog::reject);
-    rows->addRow(box);
-    setMinimumWidth(fontMetrics().averageCharWidth() * 50);
+    return box;
 }
 
 void FormWindow::addField(const FormField& field, QFormLayout& rows) {

@@ -22,6 +22,8 @@ public:
 private:
     using Reader = std::function<ryv::CStringArray()>;
 
+    QWidget* makeFields(const ryv::FormRequest& request);
+    QWidget* makeButtons(const ryv::FormRequest& request);
     void addField(const ryv::FormField& field, QFormLayout& rows);
     Reader addText(const ryv::FormField& field, const QString& label, QFormLayout& rows);
     Reader addCheck(const ryv::FormField& field, const QString& label, QFormLayout& rows);

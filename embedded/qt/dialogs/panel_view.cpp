@@ -193,21 +193,39 @@ QWidget* makePanelView(const ryv::Panel& panel, ViewContext& context, ControlVie
     return view;
 }
 
+namespace {
+
+/// Panels beside each other. Those that can use the height get the width, too; what is small stands in the
+/// middle beside them, as the buttons between two lists do.
+void addPanelRow(const std::vector<const ryv::Panel*>& panels, ViewContext& context, ControlViews& views,
+    QHBoxLayout& row, QWidget* parent) {
+    const bool anyTall =
+        std::any_of(panels.begin(), panels.end(), [](const ryv::Panel* panel) { return hasTall(*panel); });
+    row.setSpacing(metrics::margin);
+    for (const ryv::Panel* const panel : panels) {
+        const bool tall = hasTall(*panel);
+        const bool small = anyTall && !tall && panel->title().empty();
+        row.addWidget(makePanelView(*panel, context, views, parent), small ? 0 : 1,
+            tall    ? Qt::Alignment()
+            : small ? Qt::AlignVCenter
+                    : Qt::AlignTop);
+    }
+}
+
+} // namespace
+
 bool addPanels(const std::vector<ryv::Panel*>& panels, ViewContext& context, ControlViews& views,
     QVBoxLayout& rows, QWidget* parent) {
     bool anyTall = false;
-    QHBoxLayout* row = nullptr;
-    for (const ryv::Panel* const panel : panels) {
-        const bool tall = hasTall(*panel);
-        if (!row || !panel->isOnSameRow()) {
-            row = new QHBoxLayout;
-            row->setSpacing(metrics::margin);
-            rows.addLayout(row, tall ? 1 : 0);
-        } else if (tall) {
-            rows.setStretchFactor(row, 1);
-        }
-        row->addWidget(
-            makePanelView(*panel, context, views, parent), 1, tall ? Qt::Alignment() : Qt::AlignTop);
+    for (std::size_t at = 0; at < panels.size();) {
+        std::vector<const ryv::Panel*> beside{panels[at++]};
+        while (at < panels.size() && panels[at]->isOnSameRow())
+            beside.push_back(panels[at++]);
+        const bool tall = std::any_of(
+            beside.begin(), beside.end(), [](const ryv::Panel* panel) { return hasTall(*panel); });
+        auto* const row = new QHBoxLayout;
+        rows.addLayout(row, tall ? 1 : 0);
+        addPanelRow(beside, context, views, *row, parent);
         anyTall = anyTall || tall;
     }
     return anyTall;

@@ -42,26 +42,36 @@ QWidget* QtUserInterface::parent() const {
     return options_.window ? options_.window() : nullptr;
 }
 
-ryv::Answer QtUserInterface::messageBox(const ryv::MessageBoxRequest& request) {
-    if (text_.hasAnswer(u"message", ryv::toText(request.message)))
-        return text_.messageBox(request);
+/// By the file when it answers that question; with `cancelled` when the host is being left; else in a window,
+/// for as long as the question stands.
+template <class FromFile, class Cancelled, class InWindow>
+auto QtUserInterface::answered(ryv::CStringView kind, ryv::CStringView name, const FromFile& fromFile,
+    const Cancelled& cancelled, const InWindow& inWindow) -> decltype(fromFile()) {
+    if (text_.hasAnswer(kind, name))
+        return fromFile();
     if (questions_.hasQuit())
-        return ryv::NullUserInterface().messageBox(request);
+        return cancelled();
     OpenQuestions::Standing standing(questions_);
-    QuestionWindow window(contentOf(request), parent());
+    return inWindow(standing);
+}
+
+int QtUserInterface::ask(const QuestionContent& content, OpenQuestions::Standing& standing) const {
+    QuestionWindow window(content, parent());
     standing.closeWith([&window] { window.reject(); });
-    return static_cast<ryv::Answer>(window.ask());
+    return window.ask();
+}
+
+ryv::Answer QtUserInterface::messageBox(const ryv::MessageBoxRequest& request) {
+    return answered(
+        u"message", ryv::toText(request.message), [&] { return text_.messageBox(request); },
+        [&] { return ryv::NullUserInterface().messageBox(request); },
+        [&](auto& standing) { return static_cast<ryv::Answer>(ask(contentOf(request), standing)); });
 }
 
 int QtUserInterface::taskDialog(const ryv::TaskDialogRequest& request) {
-    if (text_.hasAnswer(u"task", request.id))
-        return text_.taskDialog(request);
-    if (questions_.hasQuit())
-        return idCancel;
-    OpenQuestions::Standing standing(questions_);
-    QuestionWindow window(contentOf(request), parent());
-    standing.closeWith([&window] { window.reject(); });
-    return window.ask();
+    return answered(
+        u"task", request.id, [&] { return text_.taskDialog(request); }, [] { return idCancel; },
+        [&](auto& standing) { return ask(contentOf(request), standing); });
 }
 
 bool QtUserInterface::mayReplace(ryv::CStringView path) {
@@ -83,13 +93,16 @@ std::vector<ryv::CString> QtUserInterface::filesFromAnswers(const ryv::FileReque
 }
 
 std::vector<ryv::CString> QtUserInterface::chooseFiles(const ryv::FileRequest& request) {
-    if (text_.hasAnswer(u"file", ryv::toText(request.title)))
-        return filesFromAnswers(request);
-    if (questions_.hasQuit())
-        return {};
+    return answered(
+        u"file", ryv::toText(request.title), [&] { return filesFromAnswers(request); },
+        [] { return std::vector<ryv::CString>(); },
+        [&](auto& standing) { return filesFromWindow(request, standing); });
+}
+
+std::vector<ryv::CString> QtUserInterface::filesFromWindow(
+    const ryv::FileRequest& request, OpenQuestions::Standing& standing) {
     const auto mayReplaceFile = [this](
                                     const QString& path) { return mayReplace(options_.toModulePath(path)); };
-    OpenQuestions::Standing standing(questions_);
     const QString folder = request.folder.empty() ? QString() : options_.toNative(request.folder);
     FileChooser window(
         {toQt(request.text), folder, toQt(request.name), toQt(request.extension), request.save, request.many},
@@ -102,22 +115,22 @@ std::vector<ryv::CString> QtUserInterface::chooseFiles(const ryv::FileRequest& r
 }
 
 bool QtUserInterface::fillForm(ryv::FormRequest& request) {
-    if (text_.hasAnswer(u"form", request.name))
-        return text_.fillForm(request);
-    if (questions_.hasQuit())
-        return false;
-    OpenQuestions::Standing standing(questions_);
-    FormWindow window(request, parent());
-    standing.closeWith([&window] { window.reject(); });
-    return window.ask(request);
+    return answered(
+        u"form", request.name, [&] { return text_.fillForm(request); }, [] { return false; },
+        [&](auto& standing) {
+            FormWindow window(request, parent());
+            standing.closeWith([&window] { window.reject(); });
+            return window.ask(request);
+        });
 }
 
 int QtUserInterface::runModal(ryv::Dialog& dialog) {
-    if (text_.hasAnswer(u"dialog", dialog.name()))
-        return text_.runModal(dialog);
-    if (questions_.hasQuit())
-        return idCancel;
-    OpenQuestions::Standing standing(questions_);
+    return answered(
+        u"dialog", dialog.name(), [&] { return text_.runModal(dialog); }, [] { return idCancel; },
+        [&](auto& standing) { return runInWindow(dialog, standing); });
+}
+
+int QtUserInterface::runInWindow(ryv::Dialog& dialog, OpenQuestions::Standing& standing) {
     const ryv::AtEnd closed([&dialog] { dialog.end(idCancel); });
     dialog.begin();
     if (dialog.isOpen() && !questions_.hasQuit()) {
@@ -137,15 +150,14 @@ QPoint QtUserInterface::placeOf(ryv::ScreenPoint place) const {
 }
 
 int QtUserInterface::popupMenu(const ryv::Menu& menu, ryv::ScreenPoint place) {
-    if (text_.hasAnswer(u"menu", menu.name()))
-        return text_.popupMenu(menu, place);
-    if (questions_.hasQuit())
-        return 0;
-    OpenQuestions::Standing standing(questions_);
-    QMenu popup(parent());
-    fillMenu(popup, menu);
-    standing.closeWith([&popup] { popup.close(); });
-    return commandOf(popup.exec(placeOf(place)));
+    return answered(
+        u"menu", menu.name(), [&] { return text_.popupMenu(menu, place); }, [] { return 0; },
+        [&](auto& standing) {
+            QMenu popup(parent());
+            fillMenu(popup, menu);
+            standing.closeWith([&popup] { popup.close(); });
+            return commandOf(popup.exec(placeOf(place)));
+        });
 }
 
 std::unique_ptr<ryv::Progress> QtUserInterface::beginProgress(int title, std::size_t count) {

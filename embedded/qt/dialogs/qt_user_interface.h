@@ -10,6 +10,8 @@
 
 namespace drafta {
 
+struct QuestionContent;
+
 struct QtUserInterfaceOptions {
     /// The window that questions stand before; null for none.
     std::function<QWidget*()> window;
@@ -48,9 +50,16 @@ public:
     void closeAll() { questions_.closeAll(); }
 
 private:
+    template <class FromFile, class Cancelled, class InWindow>
+    auto answered(ryv::CStringView kind, ryv::CStringView name, const FromFile& fromFile,
+        const Cancelled& cancelled, const InWindow& inWindow) -> decltype(fromFile());
+    int ask(const QuestionContent& content, OpenQuestions::Standing& standing) const;
     QWidget* parent() const;
     bool mayReplace(ryv::CStringView path);
     std::vector<ryv::CString> filesFromAnswers(const ryv::FileRequest& request);
+    std::vector<ryv::CString> filesFromWindow(
+        const ryv::FileRequest& request, OpenQuestions::Standing& standing);
+    int runInWindow(ryv::Dialog& dialog, OpenQuestions::Standing& standing);
     QPoint placeOf(ryv::ScreenPoint place) const;
 
     TextUserInterface& text_;

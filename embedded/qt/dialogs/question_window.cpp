@@ -1,5 +1,6 @@
 #include "embedded/qt/dialogs/question_window.h"
 
+#include "embedded/qt/dialogs/scrolled_content.h"
 #include "embedded/qt/dialogs/wrapped_text.h"
 #include "embedded/qt/look/theme.h"
 
@@ -18,6 +19,9 @@ namespace {
 constexpr int leastChars = 34;
 constexpr int mostChars = 68;
 constexpr int iconSize = 32;
+// What may be taken of the screen's height; the rest is for buttons and the window's frame.
+constexpr double partForTexts = 0.4;
+constexpr double partForLinks = 0.35;
 
 QIcon iconOf(const QWidget& widget, ryv::MessageIcon icon) {
     switch (icon) {
@@ -35,7 +39,8 @@ QIcon iconOf(const QWidget& widget, ryv::MessageIcon icon) {
     return {};
 }
 
-WrappedText* makeText(const QString& text, QWidget* parent, bool large) {
+/// `part` is what it may take of the screen's height.
+WrappedText* makeText(const QString& text, QWidget* parent, bool large, double part) {
     auto* const view = new WrappedText(text, parent);
     QFont font = parent->font();
     if (large) {
@@ -44,8 +49,8 @@ WrappedText* makeText(const QString& text, QWidget* parent, bool large) {
     }
     const int letter = parent->fontMetrics().averageCharWidth();
     const QScreen* const screen = parent->screen();
-    view->fit(
-        leastChars * letter, mostChars * letter, screen ? screen->availableSize().height() * 2 / 5 : 400);
+    const int height = screen ? screen->availableSize().height() : 1000;
+    view->fit(leastChars * letter, mostChars * letter, static_cast<int>(height * part));
     return view;
 }
 
@@ -73,10 +78,12 @@ void QuestionWindow::addTexts(const QuestionContent& content, QVBoxLayout& rows)
     }
     auto* const texts = new QVBoxLayout;
     texts->setSpacing(metrics::gap);
+    const bool both = !content.instruction.isEmpty() && !content.text.isEmpty();
+    const double part = both ? partForTexts / 2 : partForTexts;
     if (!content.instruction.isEmpty())
-        texts->addWidget(makeText(content.instruction, this, true), 0, Qt::AlignLeft);
+        texts->addWidget(makeText(content.instruction, this, true, part), 0, Qt::AlignLeft);
     if (!content.text.isEmpty())
-        texts->addWidget(makeText(content.text, this, false), 0, Qt::AlignLeft);
+        texts->addWidget(makeText(content.text, this, false, part), 0, Qt::AlignLeft);
     head->addLayout(texts, 1);
     texts->addStretch(1);
     rows.addLayout(head);
@@ -84,10 +91,10 @@ void QuestionWindow::addTexts(const QuestionContent& content, QVBoxLayout& rows)
 
 void QuestionWindow::addButtons(const QuestionContent& content, QVBoxLayout& rows) {
     auto* const box = new QDialogButtonBox;
-    auto* const links = new QVBoxLayout;
+    auto* const linkPane = new QWidget(this);
+    auto* const links = new QVBoxLayout(linkPane);
+    links->setContentsMargins(0, 0, 0, 0);
     links->setSpacing(2);
-    rows.addLayout(links);
-    rows.addWidget(box);
     for (const QuestionButton& button : content.buttons) {
         QPushButton* const view = makeButton(button);
         if (button.isLink)
@@ -96,6 +103,11 @@ void QuestionWindow::addButtons(const QuestionContent& content, QVBoxLayout& row
             box->addButton(view, button.role);
         take(*view, button, button.id == content.defaultButton);
     }
+    if (links->isEmpty())
+        delete linkPane;
+    else
+        rows.addWidget(new ScrolledContent(linkPane, partForLinks, this));
+    rows.addWidget(box);
     box->setVisible(!box->buttons().isEmpty());
 }
 

@@ -112,8 +112,7 @@ void DrawingScene::paintStrokes(const Pass& pass) const {
     };
     for (const DisplayLine& line : list_->lines) {
         use(line.style);
-        batch.begin(pass.view.toCanvas(line.from));
-        batch.lineTo(pass.view.toCanvas(line.to));
+        batch.line(pass.view.toCanvas(line.from), pass.view.toCanvas(line.to));
     }
     for (const DisplayArc& arc : list_->arcs) {
         use(arc.style);

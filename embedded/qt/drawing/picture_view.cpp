@@ -34,6 +34,9 @@ void PictureView::follow() {
     setToolTip(toQt(picture_.tooltip()));
     if (picture_.drawing() != wanted_)
         followDrawing();
+    else if (picture_.version() != version_ && !wanted_.empty())
+        rest_.start(); // what is shown stays until then
+    version_ = picture_.version();
 }
 
 /// Whoever stacks views hides them as well: only what was hidden here is shown again.

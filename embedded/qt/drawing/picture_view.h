@@ -32,6 +32,7 @@ private:
     ryv::Picture& picture_;
     std::unique_ptr<PictureReader> reader_; // null without a source
     ryv::CString wanted_;
+    unsigned version_ = 0; // of the file that is shown
     QTimer rest_, patience_;
     ryv::Subscription changed_;
     bool hiddenByModel_ = false;

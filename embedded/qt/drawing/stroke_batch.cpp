@@ -21,6 +21,7 @@ void StrokeBatch::setPen(QColor colour, const std::vector<double>& pattern, doub
     dashes_.clear();
     for (const double length : pattern)
         dashes_.push_back(length * scale);
+    piece_ = HUGE_VAL;
     period_ = std::accumulate(dashes_.begin(), dashes_.end(), 0.0);
     if (!(period_ >= shortestPeriod) || !std::isfinite(period_))
         dashes_.clear();
@@ -30,6 +31,7 @@ void StrokeBatch::lineTo(QPointF point) {
     const QPointF from = std::exchange(last_, point);
     const double length = dashes_.empty() ? 0 : std::hypot(point.x() - from.x(), point.y() - from.y());
     const double phase = std::exchange(phase_, phase_ + length);
+    piece_ = length;
     double begin = 0, end = 0;
     if (!clipLine(from, point, area_, begin, end))
         return;

@@ -28,6 +28,13 @@ public:
         last_ = point;
         phase_ = 0;
     }
+    /// A line of its own, unless it goes on where a piece ended that was too short for the pattern: dashes
+    /// run along curves that are made of such pieces.
+    void line(QPointF from, QPointF to) {
+        if (!(from == last_ && piece_ < period_))
+            begin(from);
+        lineTo(to);
+    }
     void lineTo(QPointF point);
 
 private:
@@ -43,6 +50,7 @@ private:
     double period_ = 0;
     QPointF last_;
     double phase_ = 0; // how far into the pattern last_ is
+    double piece_ = 0; // length of what ends at last_
 };
 
 } // namespace drafta

@@ -49,6 +49,23 @@ void drawOutline(const QStyleOption& option, QPainter& painter, bool isRound) {
     painter.restore();
 }
 
+bool isBelow(QTabBar::Shape shape) {
+    return shape == QTabBar::RoundedSouth || shape == QTabBar::TriangularSouth;
+}
+
+void drawTabEdge(const QStyleOptionTab& tab, QPainter& painter) {
+    const Theme& theme = currentTheme();
+    if (theme.look == Look::highContrast) {
+        painter.setPen(theme.line);
+        painter.drawRect(tab.rect.adjusted(0, 0, -1, 0));
+    }
+    if (!(tab.state & QStyle::State_Selected))
+        return;
+    constexpr int height = 2;
+    const int top = isBelow(tab.shape) ? tab.rect.bottom() + 1 - height : tab.rect.top();
+    painter.fillRect(tab.rect.left() + 1, top, tab.rect.width() - 2, height, theme.accent);
+}
+
 } // namespace
 
 OutlinedStyle::OutlinedStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
@@ -92,11 +109,23 @@ void OutlinedStyle::drawPrimitive(
     }
 }
 
+void OutlinedStyle::drawControl(
+    ControlElement element, const QStyleOption* option, QPainter* painter, const QWidget* widget) const {
+    QProxyStyle::drawControl(element, option, painter, widget);
+    const auto* const tab = qstyleoption_cast<const QStyleOptionTab*>(option);
+    if (element == CE_TabBarTabShape && tab && currentTheme().isDark())
+        drawTabEdge(*tab, *painter);
+}
+
 void OutlinedStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
     QPainter* painter, const QWidget* widget) const {
     QProxyStyle::drawComplexControl(control, option, painter, widget);
     if (control == CC_ComboBox || control == CC_SpinBox)
         drawOutline(*option, *painter, false);
+    if (control == CC_ScrollBar && currentTheme().look == Look::highContrast) {
+        painter->setPen(currentTheme().line);
+        painter->drawRect(subControlRect(control, option, SC_ScrollBarSlider, widget).adjusted(1, 1, -2, -2));
+    }
 }
 
 } // namespace drafta

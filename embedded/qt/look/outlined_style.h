@@ -16,6 +16,9 @@ public:
         const QWidget* widget) const override;
     /// The window's own icons where the usual ones cannot be seen on a dark ground.
     QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override;
+    /// Where the ground is dark the tab that is selected has a bar in the accent's colour; little else tells.
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+        const QWidget* widget) const override;
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
         const QWidget* widget) const override;
 };

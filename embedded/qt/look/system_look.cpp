@@ -40,6 +40,12 @@ std::optional<uint> portalSetting(const char* name) {
 
 } // namespace
 
+void followSystemLook(QObject& receiver, const char* slot) {
+    QDBusConnection::sessionBus().connect(QStringLiteral("org.freedesktop.portal.Desktop"),
+        QStringLiteral("/org/freedesktop/portal/desktop"), QStringLiteral("org.freedesktop.portal.Settings"),
+        QStringLiteral("SettingChanged"), &receiver, slot);
+}
+
 Look systemLook() {
     const QString name = qEnvironmentVariable("GTK_THEME");
     if (portalSetting("contrast").value_or(0) == 1 || name.contains(QLatin1String("HighContrast")))

@@ -6,6 +6,8 @@
 
 class QApplication;
 
+class QObject;
+
 namespace drafta {
 
 enum class Look { light, dark, highContrast };
@@ -27,6 +29,9 @@ struct Theme {
 
 /// The look that the desktop asks for: high contrast when it says so, else dark or light by its colours.
 Look systemLook();
+
+/// Has `receiver`'s slot called whenever the desktop's settings change, without arguments.
+void followSystemLook(QObject& receiver, const char* slot);
 
 Theme themeFor(Look look);
 

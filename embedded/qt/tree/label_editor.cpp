@@ -47,6 +47,7 @@ LabelEditor::LabelEditor(const QString& text, Hooks hooks, QWidget* parent)
     setAccessibleName(tr("Name"));
     setSelection(0, nameLength(text));
     connect(this, &QLineEdit::textChanged, this, [this] { showProblem(); });
+    showProblem(); // of a text that was refused before
 }
 
 void LabelEditor::place(const QRect& place) {

@@ -70,14 +70,17 @@ void TreeFollower::expandAsTold(const TreeItem& item) {
     view_.setExpanded(index, item.expanded());
 }
 
+/// What is below a collapsed row nobody sees: that is looked at when the row is expanded.
 void TreeFollower::expandBelow(TreeItem& top) {
-    for (TreeItem* at = &top; at; at = nextInTree(*at, &top, TreeCount::shown))
+    for (TreeItem* at = &top; at;) {
         if (at->shownChildCount() > 0)
             expandAsTold(*at);
+        at = at->expanded() ? nextInTree(*at, &top, TreeCount::shown) : nextPast(*at, &top, TreeCount::shown);
+    }
 }
 
 void TreeFollower::expansionChanged(TreeItem& item) {
-    expandAsTold(item);
+    expandBelow(item);
 }
 
 void TreeFollower::manyExpansionsChanged(TreeItem* item) {

@@ -59,6 +59,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void drawRow(
         QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    void drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const override;
     void showEvent(QShowEvent* event) override;
     void changeEvent(QEvent* event) override;
 
@@ -102,6 +103,7 @@ private:
     void press(ryv::TreeItem& item, const QMouseEvent& event);
     void laidOut();
     void placeEditor();
+    QPalette::ColorGroup selectionGroup() const;
     void paintNothing(QPainter& painter) const;
     void paintDropPlace(QPainter& painter) const;
     bool typeLetters(const QKeyEvent& event);

@@ -67,7 +67,16 @@ bool isMenuKey(const QKeyEvent& event) {
     return event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier;
 }
 
-constexpr Qt::KeyboardModifiers foreign = Qt::AltModifier | Qt::MetaModifier;
+bool isArrow(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Up || event.key() == Qt::Key_Down || event.key() == Qt::Key_Left ||
+           event.key() == Qt::Key_Right;
+}
+
+/// With these held down, keys are the window's; but Alt with an arrow key moves rows.
+bool isForeign(const QKeyEvent& event) {
+    return event.modifiers().testFlag(Qt::MetaModifier) ||
+           (event.modifiers().testFlag(Qt::AltModifier) && !isArrow(event));
+}
 
 bool isAlphabetic(const QString& letters) {
     return !letters.isEmpty() && letters.at(0).isPrint();
@@ -84,7 +93,7 @@ bool TreeView::event(QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride) {
         auto& key = static_cast<QKeyEvent&>(*event);
         const bool letter = key.modifiers() == Qt::NoModifier && isAlphabetic(key.text());
-        if (!(key.modifiers() & foreign) && (codeOf(key) || letter || (find && isFind(key)))) {
+        if (!isForeign(key) && (codeOf(key) || letter || (find && isFind(key)))) {
             event->accept();
             return true;
         }
@@ -95,7 +104,7 @@ bool TreeView::event(QEvent* event) {
 void TreeView::keyPressEvent(QKeyEvent* event) {
     event->ignore();
     labelClick_.stop();
-    if (event->modifiers() & foreign)
+    if (isForeign(*event))
         return;
     if (find && isFind(*event)) {
         event->accept();
@@ -114,9 +123,9 @@ void TreeView::keyPressEvent(QKeyEvent* event) {
     }
     typeAhead_.end();
     event->accept();
-    const ryv::Modifiers modifiers{
-        event->modifiers().testFlag(Qt::ControlModifier), event->modifiers().testFlag(Qt::ShiftModifier)};
-    if (mayAsk(*code))
+    const ryv::Modifiers modifiers{event->modifiers().testFlag(Qt::ControlModifier),
+        event->modifiers().testFlag(Qt::ShiftModifier), event->modifiers().testFlag(Qt::AltModifier)};
+    if (mayAsk(*code) || modifiers.alt)
         return runKey(*code, modifiers);
     bool used = control_.key(*code, modifiers);
     if (!used && code == TreeKeyCode::escape && !control_.filter().empty()) {

@@ -7,6 +7,7 @@
 #include "embedded/qt/tree/tree_row_delegate.h"
 
 #include <QPainter>
+#include <QStyleOption>
 
 #include <algorithm>
 
@@ -29,12 +30,32 @@ void TreeView::drawRow(
     if (!delegate_->showsSelection(*this)) {
         own.palette.setBrush(QPalette::Highlight, Qt::NoBrush);
     } else if (TreeModel::item(index)->selected()) {
-        const auto group = !isEnabled() ? QPalette::Disabled
-                           : hasFocus() ? QPalette::Active
-                                        : QPalette::Inactive;
-        painter->fillRect(option.rect, option.palette.brush(group, QPalette::Highlight));
+        painter->fillRect(option.rect, option.palette.brush(selectionGroup(), QPalette::Highlight));
     }
     QTreeView::drawRow(painter, own, index);
+}
+
+QPalette::ColorGroup TreeView::selectionGroup() const {
+    return !isEnabled() ? QPalette::Disabled : hasFocus() ? QPalette::Active : QPalette::Inactive;
+}
+
+/// The arrow has to be seen on the ground of a selected row, too, which Qt does not think of.
+void TreeView::drawBranches(QPainter* painter, const QRect& rect, const QModelIndex& index) const {
+    if (!model_->hasChildren(index))
+        return;
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.rect = rect;
+    if (isRightToLeft())
+        option.rect.setWidth(indentation());
+    else
+        option.rect.setLeft(rect.right() + 1 - indentation());
+    option.state |= QStyle::State_Item | QStyle::State_Children;
+    option.state.setFlag(QStyle::State_Open, isExpanded(index));
+    if (TreeModel::item(index)->selected() && delegate_->showsSelection(*this))
+        option.palette.setColor(
+            QPalette::WindowText, palette().color(selectionGroup(), QPalette::HighlightedText));
+    style()->drawPrimitive(QStyle::PE_IndicatorBranch, &option, painter, this);
 }
 
 QStyleOptionViewItem TreeView::optionOf(const QModelIndex& index) const {

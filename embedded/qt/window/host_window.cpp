@@ -5,6 +5,7 @@
 #include "embedded/qt/look/icons.h"
 #include "embedded/qt/qt_text.h"
 #include "embedded/qt/window/command_pane.h"
+#include "embedded/qt/window/dock_buttons.h"
 #include "embedded/qt/window/palette_dock.h"
 
 #include <QApplication>
@@ -65,6 +66,7 @@ HostWindow::HostWindow(Host& host, HostLoop& loop, ViewContext& context)
     commandDock_->setObjectName(QStringLiteral("CommandLine"));
     commandDock_->setAllowedAreas(Qt::TopDockWidgetArea | Qt::BottomDockWidgetArea);
     commandDock_->setWidget(commands_);
+    explainTitleButtons(*commandDock_);
     addDockWidget(Qt::BottomDockWidgetArea, commandDock_);
     statusBar()->addPermanentWidget(busy_);
     addMenus();
@@ -97,6 +99,7 @@ HostWindow::~HostWindow() {
 
 void HostWindow::open() {
     restorePlace();
+    followSystemLook(*this, SLOT(showLook()));
     showLook();
     show();
     commands_->takeKeyboard();
@@ -182,10 +185,15 @@ void HostWindow::refreshDocuments() {
     center_->setCurrentIndex(views_.empty() ? 0 : 1);
 }
 
+/// The drawing, the project, the program: what tells windows apart comes first.
 void HostWindow::refreshTitle() {
-    const int tab = documents_->currentIndex();
-    setWindowTitle(
-        tab < 0 ? QStringLiteral("drafta") : documents_->tabText(tab) + QStringLiteral(" \u2013 drafta"));
+    QStringList parts;
+    if (const int tab = documents_->currentIndex(); tab >= 0)
+        parts += documents_->tabText(tab);
+    if (const ryv::CString project = host_.activeProject(); !project.empty())
+        parts += toQt(ryv::paths::removeExtension(ryv::paths::findFileName(project)));
+    parts += QStringLiteral("drafta");
+    setWindowTitle(parts.join(QStringLiteral(" \u2013 ")));
 }
 
 void HostWindow::refreshPrompt() {
@@ -233,8 +241,27 @@ void HostWindow::refreshDocks() {
         const bool isThere = std::any_of(
             docks_.begin(), docks_.end(), [set](const PaletteDock* dock) { return &dock->set() == set; });
         if (!isThere)
-            docks_.push_back(new PaletteDock(*set, context_, *this));
+            addDock(*set);
     }
+}
+
+void HostWindow::addDock(PaletteSet& set) {
+    auto* const dock = new PaletteDock(set, context_, *this);
+    docks_.push_back(dock);
+    // Not in the middle of what the dock does about its place.
+    connect(
+        dock, &QDockWidget::visibilityChanged, this, [this, dock] { restoreTab(*dock); },
+        Qt::QueuedConnection);
+}
+
+/// Once, as soon as it stands beside the command line again.
+void HostWindow::restoreTab(PaletteDock& dock) {
+    if (!tabbed_.contains(dock.objectName()) || dock.isHidden() || dock.isFloating() ||
+        dockWidgetArea(&dock) != dockWidgetArea(commandDock_))
+        return;
+    tabbed_.removeAll(dock.objectName());
+    tabifyDockWidget(commandDock_, &dock);
+    (inFront_ == dock.objectName() ? &dock : commandDock_)->raise();
 }
 
 PaletteDock* HostWindow::dock(const QString& name) const {
@@ -285,12 +312,29 @@ void HostWindow::restorePlace() {
     std::uint32_t height = 150;
     static_cast<void>(host_.platform().os.registry->readInteger(placeKey, u"CommandLine", height));
     resizeDocks({commandDock_}, {std::clamp(static_cast<int>(height), 60, 600)}, Qt::Vertical);
+    ryv::CString tabs;
+    if (host_.platform().os.registry->readString(placeKey, u"Tabs", tabs) == ryv::RegistryStatus::ok) {
+        tabbed_ = toQt(tabs).split(u' ', Qt::SkipEmptyParts);
+        inFront_ = tabbed_.isEmpty() ? QString() : tabbed_.first();
+    }
     ryv::CString look;
     if (host_.platform().os.registry->readString(placeKey, u"Look", look) == ryv::RegistryStatus::ok)
         for (const auto& [name, value] : {std::pair(u"light", Look::light), std::pair(u"dark", Look::dark),
                  std::pair(u"contrast", Look::highContrast)})
             if (look == name)
                 chosen_ = value;
+}
+
+/// The names of the docks that share their place with the command line, it among them; the first is in front.
+QStringList HostWindow::tabsToKeep() const {
+    QStringList names;
+    for (const QDockWidget* const dock : tabifiedDockWidgets(commandDock_)) {
+        const bool inFront = !dock->visibleRegion().isEmpty();
+        names.insert(inFront ? 0 : names.size(), dock->objectName());
+    }
+    if (!names.isEmpty())
+        names.insert(commandDock_->visibleRegion().isEmpty() ? names.size() : 0, commandDock_->objectName());
+    return names;
 }
 
 void HostWindow::keepPlace() {
@@ -302,6 +346,7 @@ void HostWindow::keepPlace() {
     if (!commandDock_->isFloating() && commandDock_->isVisible())
         static_cast<void>(registry.writeInteger(
             placeKey, u"CommandLine", static_cast<std::uint32_t>(commandDock_->height())));
+    static_cast<void>(registry.writeString(placeKey, u"Tabs", fromQt(tabsToKeep().join(u' '))));
     const char16_t* const look = !chosen_                  ? u""
                                  : *chosen_ == Look::light ? u"light"
                                  : *chosen_ == Look::dark  ? u"dark"

@@ -47,6 +47,9 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
+private slots:
+    void showLook();
+
 private:
     // MainWindowView
     ryv::ScreenRectangle rectangle() override;
@@ -66,13 +69,15 @@ private:
     void openDrawings();
     void openProject();
     void showAbout();
-    void showLook();
 
     void refresh();
     void refreshDocuments();
     void refreshTitle();
     void refreshPrompt();
     void refreshDocks();
+    void addDock(PaletteSet& set);
+    void restoreTab(PaletteDock& dock);
+    QStringList tabsToKeep() const;
     void showCommandLine(const QString& typed = {});
     void activateDocument(int tab);
     void closeDocument(int tab);
@@ -91,6 +96,8 @@ private:
     QLabel* busy_;
     std::map<ryv::DocumentId, QWidget*> views_;
     std::vector<PaletteDock*> docks_;
+    QStringList tabbed_; // docks that are to be tabbed with the command line when they come
+    QString inFront_;    // of these
     std::optional<Look> chosen_;
     bool refreshing_ = false;
     bool leaving_ = false;

@@ -1,12 +1,15 @@
 #include "embedded/qt/window/palette_dock.h"
 
 #include "embedded/qt/qt_text.h"
+#include "embedded/qt/window/dock_buttons.h"
 #include "embedded/qt/window/palette_view.h"
 
 #include <QBoxLayout>
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QMainWindow>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QStackedWidget>
 #include <QTabBar>
 
@@ -59,6 +62,7 @@ PaletteDock::PaletteDock(PaletteSet& set, ViewContext& context, QMainWindow& win
     all->addWidget(tabs_);
     all->addWidget(palettes_, 1);
     setWidget(content);
+    explainTitleButtons(*this);
     window_.addDockWidget(Qt::LeftDockWidgetArea, this);
     hide();
     connect(tabs_, &QTabBar::currentChanged, this, [this](int tab) {
@@ -144,6 +148,32 @@ void PaletteDock::tellPlace() {
         set_.floatAt({at.x(), at.y(), at.width(), at.height()});
     else
         set_.dockAt(dockOf(window_.dockWidgetArea(this)));
+}
+
+bool PaletteDock::event(QEvent* event) {
+    const bool handled = QDockWidget::event(event);
+    const bool isDropped = event->type() == QEvent::MouseButtonRelease ||
+                           event->type() == QEvent::NonClientAreaMouseButtonRelease;
+    if (isDropped && isFloating() && telling_)
+        comeOntoScreen();
+    return handled;
+}
+
+/// Who drops a high palette at the lower edge would never see most of it.
+void PaletteDock::comeOntoScreen() {
+    const QRect at = geometry();
+    int seen = 0;
+    for (const QScreen* const each : QGuiApplication::screens()) {
+        const QRect part = each->availableGeometry().intersected(at);
+        seen += part.width() * part.height();
+    }
+    if (2 * seen >= at.width() * at.height())
+        return;
+    const QRect room = screen()->availableGeometry();
+    QRect inside(at.topLeft(), at.size().boundedTo(room.size()));
+    inside.moveLeft(std::clamp(at.left(), room.left(), room.right() + 1 - inside.width()));
+    inside.moveTop(std::clamp(at.top(), room.top(), room.bottom() + 1 - inside.height()));
+    setGeometry(inside);
 }
 
 void PaletteDock::closeEvent(QCloseEvent* event) {

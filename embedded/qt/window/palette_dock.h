@@ -27,6 +27,7 @@ public:
     void stopTelling() noexcept { telling_ = false; }
 
 protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
@@ -37,6 +38,7 @@ private:
     void follow();
     void place();
     void tellPlace();
+    void comeOntoScreen();
     void takePalettes();
 
     PaletteSet& set_;

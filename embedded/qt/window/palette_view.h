@@ -3,37 +3,27 @@
 
 #include "base/event.h"
 #include "embedded/palettes/palette.h"
+#include "embedded/qt/controls/captioned_pages.h"
 #include "embedded/qt/controls/control_view.h"
 
 #include <QWidget>
 
 class QSplitter;
-class QStackedWidget;
-class QTabBar;
-class QToolButton;
 
 namespace drafta {
 
-/// A group control: captions that select pages, and a button that minimizes it to them.
-class GroupView : public QWidget {
+/// A group control of a palette. One page that is not minimized needs no caption.
+class PaletteGroupView : public CaptionedPages {
 public:
     /// The group outlives the view.
-    GroupView(GroupControl& group, ViewContext& context, QWidget* parent);
-
-    bool isEmpty() const;
-    /// The height of the captions, which a minimized group has.
-    int captionHeight() const;
+    PaletteGroupView(GroupControl& group, ViewContext& context, QWidget* parent);
 
 private:
     void follow();
-    void addPages();
+    void perform(std::function<void(GroupControl&)> gesture);
 
     GroupControl& group_;
     ViewContext& context_;
-    QTabBar* captions_;
-    QToolButton* minimize_;
-    QStackedWidget* pages_;
-    QWidget* bar_;
     ryv::Subscription subscription_;
 };
 
@@ -53,8 +43,8 @@ private:
     Palette& palette_;
     ViewContext& context_;
     QSplitter* splitter_;
-    GroupView* top_;
-    GroupView* bottom_;
+    PaletteGroupView* top_;
+    PaletteGroupView* bottom_;
     QWidget* header_ = nullptr;
     bool following_ = false;
     std::vector<ryv::Subscription> subscriptions_;

@@ -1,3 +1,4 @@
+#include "base/text.h"
 #include "tests/embedded/qt/question_fixture.h"
 #include "tests/support/sample_dialog.h"
 #include "toolkit/text_field.h"
@@ -195,6 +196,35 @@ TEST_F(DialogWindowTest, sheet_turnsPagesBothWaysAndToTheFocus) {
         sheet.end(5);
     }});
     EXPECT_EQ(ui.runModal(sheet), 5);
+}
+
+TEST_F(DialogWindowTest, higherThanTheScreen_scrollsAboveItsButtons) {
+    constexpr int rows = 60;
+    std::vector<ryv::CString> names;
+    for (int i = 0; i < rows; ++i)
+        names.push_back(u"field" + ryv::toText(i));
+    std::vector<ryv::ControlLayout> fields;
+    for (int i = 0; i < rows; ++i) {
+        const auto& name = names[static_cast<std::size_t>(i)];
+        fields.push_back({ryv::ControlKind::text, 100 + i, name.c_str(), name.c_str()});
+    }
+    static constexpr ryv::DialogLayout layout = {u"High", u"High", {}, {}};
+    ryv::Panel panel({u"", fields});
+    Dialog high(layout);
+    high.addPanel(panel);
+    const auto isSeen = [](const QWidget& widget) { return !widget.visibleRegion().isEmpty(); };
+    answerWith({[&](QWidget& window) {
+        EXPECT_LE(window.height(), window.screen()->availableSize().height());
+        for (const QPushButton* const button : window.findChildren<QPushButton*>())
+            EXPECT_EQ(button->visibleRegion().boundingRect(), button->rect());
+        EXPECT_TRUE(isSeen(named(window, "field0")));
+        EXPECT_FALSE(isSeen(named(window, "field59")));
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        high.setFocus(100 + rows - 1);
+        EXPECT_TRUE(isSeen(named(window, "field59")));
+        window.close();
+    }});
+    ui.runModal(high);
 }
 
 } // namespace

@@ -95,8 +95,7 @@ const char* Story::step() {
 
 void Story::check() {
     view_.treeModel().resume();
-    for (const TreeItem* at = tree_.shownChild(nullptr, 0); at;
-         at = nextInTree(*at, nullptr, ryv::TreeCount::shown))
+    for (const TreeItem* at = tree_.shownChild(nullptr, 0); at; at = nextVisible(*at))
         if (at->shownChildCount() > 0)
             EXPECT_EQ(view_.isExpanded(view_.treeModel().indexOf(at)), at->expanded());
     QModelIndex index = view_.treeModel().index(0, 0);

@@ -124,7 +124,8 @@ TEST_F(TreeViewTest, shortcutsOfTheWindow_withKeysOfTheRows_wait) {
     EXPECT_TRUE(isClaimed(Qt::Key_A, ctrl));
     EXPECT_TRUE(isClaimed(Qt::Key_P, {}, "p"));
     EXPECT_FALSE(isClaimed(Qt::Key_P, ctrl));
-    EXPECT_FALSE(isClaimed(Qt::Key_Left, Qt::AltModifier));
+    EXPECT_TRUE(isClaimed(Qt::Key_Left, Qt::AltModifier));
+    EXPECT_FALSE(isClaimed(Qt::Key_F2, Qt::AltModifier));
 }
 
 // -- Editing
@@ -200,6 +201,14 @@ TEST_F(TreeViewTest, edit_badName_isToldWhileItIsTyped) {
     EXPECT_GE(problem->y(), editor()->geometry().bottom());
     QTest::keyClick(editor(), Qt::Key_Backspace);
     EXPECT_FALSE(problem->isVisible());
+}
+
+TEST_F(TreeViewTest, edit_ofARefusedName_beginsWithItAndItsProblem) {
+    ASSERT_TRUE(tree.editLabel(a, u"typed*"));
+    EXPECT_EQ(editor()->text(), "typed*");
+    const auto* const problem = view->viewport()->findChild<QLabel*>("labelProblem");
+    EXPECT_TRUE(problem->isVisible());
+    EXPECT_GE(problem->y(), editor()->geometry().bottom());
 }
 
 TEST_F(TreeViewTest, selectionWithoutTheKeyboard_isMarkedWhenTheControlSaysSo) {

@@ -4,6 +4,7 @@
 #include "embedded/qt/qt_text.h"
 #include "embedded/qt/window/command_pane.h"
 #include "embedded/qt/window/host_loop.h"
+#include "embedded/qt/window/host_window.h"
 #include "embedded/qt/window/palette_dock.h"
 #include "tests/embedded/palettes/palette_client.h"
 #include "tests/support/memory_files.h"
@@ -12,8 +13,11 @@
 
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QScreen>
+#include <QTabBar>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -78,6 +82,52 @@ TEST_F(PaletteDockTest, whatThePersonDoes_isTheSets) {
     dock.stopTelling(); // the window ends: that closes it, and nobody wants it closed
     dock.close();
     EXPECT_TRUE(set().isVisible());
+}
+
+TEST_F(PaletteDockTest, droppedMostlyOffTheScreen_comesBack) {
+    PaletteDock dock(set(), context, window);
+    client.set->show(true);
+    const QRect screen = dock.screen()->availableGeometry();
+    const int width = 200, height = 400;
+    struct {
+        QPoint dropped, rests;
+    } const cases[] = {
+        {{50, screen.bottom() - 100}, {50, screen.bottom() + 1 - height}},
+        {{50, screen.bottom() - 300}, {50, screen.bottom() - 300}},
+        {{-190, 20}, {0, 20}},
+        {{screen.right() - 10, 5000}, {screen.right() + 1 - width, screen.bottom() + 1 - height}},
+    };
+    for (const auto& [dropped, rests] : cases) {
+        dock.setGeometry(QRect(dropped, QSize(width, height)));
+        QTest::mouseRelease(&dock, Qt::LeftButton);
+        EXPECT_EQ(dock.geometry().topLeft(), rests) << dropped.x() << ' ' << dropped.y();
+        EXPECT_EQ(set().rectangle(), (ryv::ScreenRectangle{rests.x(), rests.y(), width, height}));
+    }
+}
+
+TEST_F(PaletteDockTest, groups_areTurnedAndMinimized) {
+    PaletteDock dock(set(), context, window);
+    set().dockAt(Dock::left);
+    client.set->show(true);
+    GroupControl& group = static_cast<Palette*>(client.palette)->bottom();
+    QTabBar* captions = nullptr;
+    for (auto* const bar : dock.findChildren<QTabBar*>())
+        if (bar->count() == 2)
+            captions = bar;
+    ASSERT_NE(captions, nullptr);
+    QWidget& view = *captions->parentWidget()->parentWidget();
+    QTest::mouseClick(captions, Qt::LeftButton, {}, captions->tabRect(1).center());
+    EXPECT_EQ(group.selectedPage(), 1);
+    QTest::mouseClick(view.findChild<QToolButton*>(), Qt::LeftButton);
+    EXPECT_TRUE(group.isMinimized());
+    EXPECT_LT(view.maximumHeight(), 100);
+    QTest::mouseClick(captions, Qt::LeftButton, {}, captions->tabRect(1).center());
+    EXPECT_FALSE(group.isMinimized()) << "the selected caption, too";
+    ryv::Label only(9);
+    client.palette->top().addPage(u"Only", only);
+    for (const auto* const widget : dock.findChildren<QWidget*>())
+        EXPECT_TRUE(!widget->focusProxy() || widget->focusProxy()->isVisible())
+            << "Tab leads to what is hidden";
 }
 
 class HostLoopTest : public ::testing::Test {
@@ -167,6 +217,46 @@ TEST_F(HostLoopTest, longWork_showsThatItIsBusyAndEndsWithEscape) {
     EXPECT_TRUE(prints("interrupted"));
     EXPECT_TRUE(QTest::qWaitFor([&] { return performed; }, 20'000));
     EXPECT_EQ(busy, "busy idle ");
+}
+
+TEST_F(HostLoopTest, title_namesDrawingAndActiveProject) {
+    ViewContext context;
+    HostWindow window(*host, loop, context);
+    const auto shows = [&window](const QString& title) {
+        return QTest::qWaitFor([&] { return window.windowTitle() == title; }, 20'000);
+    };
+    const QString drawing = window.windowTitle().section(u' ', 0, 0);
+    EXPECT_TRUE(shows(drawing + QStringLiteral(" \u2013 drafta"))) << window.windowTitle().toStdString();
+    type(QStringLiteral("(bb-set \"ryp-active-project\" \"/p/Pump Station.kqp\")"));
+    EXPECT_TRUE(shows(drawing + QStringLiteral(" \u2013 Pump Station \u2013 drafta")));
+    type(QStringLiteral("(bb-set \"ryp-active-project\" nil)"));
+    EXPECT_TRUE(shows(drawing + QStringLiteral(" \u2013 drafta")));
+}
+
+/// A palette set that a person has tabbed with the command line, in this run and in the next one.
+TEST_F(HostLoopTest, dockTabbedWithTheCommandLine_isSoAgain) {
+    for (const bool isFirst : {true, false}) {
+        test::PaletteClient client(host->palettes());
+        ASSERT_TRUE(client.create());
+        client.set->enableDocking(ryv::DockingSides::all);
+        ViewContext context;
+        HostWindow window(*host, loop, context);
+        window.open();
+        auto* const commands = window.findChild<QDockWidget*>(QStringLiteral("CommandLine"));
+        PaletteDock* const dock = window.dock(QStringLiteral("Project Manager"));
+        ASSERT_NE(dock, nullptr);
+        ASSERT_TRUE(dock->set().dockAt(Dock::bottom));
+        client.set->show(true);
+        if (isFirst) {
+            window.tabifyDockWidget(commands, dock);
+            dock->raise();
+        }
+        QTest::qWait(0);
+        EXPECT_TRUE(
+            QTest::qWaitFor([&] { return window.tabifiedDockWidgets(commands).contains(dock); }, 20'000));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !dock->visibleRegion().isEmpty(); }, 20'000)) << "in front";
+        window.letGo();
+    }
 }
 
 double luminance(QColor color) {
