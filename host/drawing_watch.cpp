@@ -1,17 +1,11 @@
 #include "host/drawing_watch.h"
 
 #include "base/fold.h"
+#include "bridge/platform.h"
 #include "manager/project_manager.h"
+#include "siblings/lock_file.h"
 
 namespace ryv {
-
-namespace {
-
-CString lockFileOf(const CString& drawing) {
-    return drawing + u".FLL";
-}
-
-} // namespace
 
 void DrawingWatch::follow(CStringView drawing) {
     RyvPrmProjectManager* const manager = GetProjectManager();
@@ -25,6 +19,7 @@ void DrawingWatch::follow(CStringView drawing) {
 
 void DrawingWatch::begin(RyvPrmProjectManager& manager) {
     manager_ = &manager;
+    lockFile_ = lockFileNameFor(*platform().os.files, drawing_);
     RyvPrmFileNotifier& notifier = manager.getFileNotifier();
     notifier.onContentChanged.subscribe(*this, &DrawingWatch::onFile);
     notifier.onCreated.subscribe(*this, &DrawingWatch::onFile);
@@ -32,7 +27,7 @@ void DrawingWatch::begin(RyvPrmProjectManager& manager) {
     notifier.onReadOnlyChanged.subscribe(*this, &DrawingWatch::onReadOnly);
     notifier.onRenamed.subscribe(*this, &DrawingWatch::onRenamed);
     notifier.addFile(drawing_);
-    notifier.addFile(lockFileOf(drawing_));
+    notifier.addFile(lockFile_);
 }
 
 /// With its manager the watch list goes, too.
@@ -40,7 +35,7 @@ void DrawingWatch::end() {
     if (manager_ && manager_ == GetProjectManager()) {
         RyvPrmFileNotifier& notifier = manager_->getFileNotifier();
         notifier.removeFile(drawing_);
-        notifier.removeFile(lockFileOf(drawing_));
+        notifier.removeFile(lockFile_);
         notifier.onContentChanged.removeAll(this);
         notifier.onCreated.removeAll(this);
         notifier.onDeleted.removeAll(this);
@@ -51,8 +46,20 @@ void DrawingWatch::end() {
 }
 
 void DrawingWatch::onFile(const CString& path) {
-    if (equalNoCase(path, drawing_) || equalNoCase(path, lockFileOf(drawing_)))
-        changed_();
+    if (equalNoCase(path, drawing_))
+        changed_(Change::content);
+    else if (equalNoCase(path, lockFile_))
+        changed_(Change::access);
+}
+
+void DrawingWatch::onReadOnly(const CString& path, bool) {
+    if (equalNoCase(path, drawing_))
+        changed_(Change::access);
+}
+
+void DrawingWatch::onRenamed(const CString& oldPath, const CString& newPath) {
+    onFile(oldPath);
+    onFile(newPath);
 }
 
 } // namespace ryv

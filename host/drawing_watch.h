@@ -13,8 +13,13 @@ class RyvPrmProjectManager;
 /// without a project manager, which may end first.
 class DrawingWatch {
 public:
+    enum class Change {
+        content, ///< another file stands there now, or none
+        access   ///< who works on it, or whether it can be written
+    };
+
     /// `changed` is called from the message loop, behind each notice.
-    explicit DrawingWatch(std::function<void()> changed) : changed_(std::move(changed)) {}
+    explicit DrawingWatch(std::function<void(Change)> changed) : changed_(std::move(changed)) {}
     DrawingWatch(const DrawingWatch&) = delete;
     DrawingWatch& operator=(const DrawingWatch&) = delete;
     ~DrawingWatch() { follow({}); }
@@ -26,12 +31,13 @@ private:
     void begin(RyvPrmProjectManager& manager);
     void end();
     void onFile(const CString& path);
-    void onReadOnly(const CString& path, bool) { onFile(path); }
-    void onRenamed(const CString& oldPath, const CString&) { onFile(oldPath); }
+    void onReadOnly(const CString& path, bool);
+    void onRenamed(const CString& oldPath, const CString& newPath);
 
-    std::function<void()> changed_;
+    std::function<void(Change)> changed_;
     RyvPrmProjectManager* manager_ = nullptr; // that watches for us
     CString drawing_;
+    CString lockFile_; // beside what the drawing's name leads to
 };
 
 } // namespace ryv

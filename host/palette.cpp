@@ -25,9 +25,10 @@ void RyvPrmPalette::showDetails() {
     watch_.follow(preview_.drawing());
 }
 
-void RyvPrmPalette::drawingChanged() {
+void RyvPrmPalette::drawingChanged(DrawingWatch::Change change) {
     showDetails();
-    preview_.refresh();
+    if (change == DrawingWatch::Change::content)
+        preview_.refresh();
 }
 
 void RyvPrmPalette::saveLayout(WorkspaceNode& node) const {

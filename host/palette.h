@@ -40,13 +40,13 @@ public:
 
 private:
     void showDetails();
-    void drawingChanged();
+    void drawingChanged(DrawingWatch::Change change);
 
     HostPalette& host_;
     RyvPrmProjectTab tab_;
     TextField details_;
     Picture preview_;
-    DrawingWatch watch_{[this] { drawingChanged(); }};
+    DrawingWatch watch_{[this](DrawingWatch::Change change) { drawingChanged(change); }};
     Subscription subscription_;
 };
 

@@ -152,7 +152,7 @@ inline constexpr int subfolderMoved = 490;  ///< its name, subfolder or project
 inline constexpr int takeBack = 491;        ///< what the offer to take a move back is called
 inline constexpr int moveNotTakenBack = 492;
 inline constexpr int movedItemsGone = 493;
-inline constexpr int renamedNotEverywhere = 494; ///< the drawing's old name, names of projects
+inline constexpr int renamedNotEverywhere = 494; ///< old name, new name, projects, why the last one does
 
 // Why a drawing was not opened, and what became of one that was open when it was replaced. Notices.
 inline constexpr int drawingFileNotFound = 495;   ///< name, folder

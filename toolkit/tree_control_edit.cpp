@@ -30,7 +30,7 @@ bool TreeControl::editLabel(TreeItem& item, const std::optional<CString>& text) 
     const TreeItemWatch watch(*this, item);
     if (!onBeginLabelEdit(item))
         return false;
-    if (!watch.item() || !item.shown_ || edited_) {
+    if (!watch.item() || !item.shown_ || edited_ || !isEnabled()) {
         onLabelEditEnded();
         return false;
     }

@@ -70,12 +70,17 @@ void renameRepeated(RyvPrmProjectData& project, CStringView from, CStringView to
 void renameInOtherProjects(
     CProjectTree& tree, const CString& renamedIn, const CString& from, const CString& to) {
     CString left;
-    for (const CString& id : othersListing(from, renamedIn))
-        if (!follow(tree, id, from, to))
-            left.append(left.empty() ? u"" : u", ").append(paths::titleOf(id));
+    CString reason; // of the last one, if it was told
+    for (const CString& id : othersListing(from, renamedIn)) {
+        tree.notice().clear();
+        if (follow(tree, id, from, to))
+            continue;
+        left.append(left.empty() ? u"" : u", ").append(paths::titleOf(id));
+        reason = tree.notice().text();
+    }
     if (!left.empty())
-        tree.notice().tell(
-            format(messageText(message::renamedNotEverywhere), {paths::findFileName(from), left}));
+        tree.notice().tell(format(messageText(message::renamedNotEverywhere),
+            {paths::findFileName(from), paths::findFileName(to), left, reason}));
 }
 
 } // namespace ryv

@@ -55,14 +55,14 @@ bool isListed(const CString& drawing) {
     return false;
 }
 
-/// What is in front goes on as its replacement.
+/// What is in front goes on as its replacement, if that can be opened.
 void closeReplaced(const CString& drawing, const CString& replacement) {
     HostDocuments& documents = *platform().host.documents;
     const DocumentId document = documents.documentOfFile(drawing);
     if (document == DocumentId::none || isListed(drawing))
         return;
-    if (document == documents.currentDocument())
-        openDrawing(replacement);
+    if (document == documents.currentDocument() && !openDrawing(replacement))
+        return;
     documents.sendStringToExecute(document, closeCommand, {});
 }
 

@@ -120,7 +120,6 @@ void CProjectTree::onDrop(TreeItem* target, DropPosition position) {
     if (!equalNoCase(GetProjectOfItem(target), draggedFrom_))
         return onDropLost();
     notice_.clearUnlessOffering();
-    const AtWork work = atWork();
     const ItemPlace place = placeOf(*target, landingOn(target, position, selection()));
     moveItems(CString(draggedFrom_), std::exchange(draggedItems_, {}), place);
 }
@@ -131,6 +130,7 @@ void CProjectTree::onDropLost() {
 
 void CProjectTree::moveItems(
     const CString& projectId, const std::vector<ItemAddress>& items, const ItemPlace& place) {
+    const AtWork atWorkUntilAllIsTold = atWork();
     const auto open = ProjectWork(*this, projectId).project();
     if (!open)
         return onDropLost();

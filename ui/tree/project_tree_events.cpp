@@ -114,10 +114,15 @@ void CProjectTree::Refresh() {
     const AtWork work = atWork();
     const Waiting waiting;
     const SuppressReread untilAllAreRead(*this);
+    CString problems;
     for (const CString& projectId : openProjects()) {
-        ProjectWork(*this, projectId).reRead(); // tells when it cannot
-        rebuild(projectId);                     // then, too: the labels may be others
+        notice_.clearUnlessOffering();
+        if (!ProjectWork(*this, projectId).reRead() && !notice_.text().empty())
+            problems.append(problems.empty() ? u"" : u" ").append(notice_.text());
+        rebuild(projectId); // also when it could not be read: the labels may be others
     }
+    if (!problems.empty())
+        notice_.tell(std::move(problems));
 }
 
 /// While the user types a name, rows that came and went could take the place of the one being named away.

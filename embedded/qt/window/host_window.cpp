@@ -13,6 +13,7 @@
 #include <QCloseEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QPointer>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QStackedWidget>
@@ -250,7 +251,11 @@ void HostWindow::addDock(PaletteSet& set) {
     docks_.push_back(dock);
     // Not in the middle of what the dock does about its place.
     connect(
-        dock, &QDockWidget::visibilityChanged, this, [this, dock] { restoreTab(*dock); },
+        dock, &QDockWidget::visibilityChanged, this,
+        [this, shown = QPointer(dock)] {
+            if (shown) // a palette may go before the queue comes to this
+                restoreTab(*shown);
+        },
         Qt::QueuedConnection);
 }
 

@@ -367,7 +367,7 @@ TEST_F(Commands, replacingAnOpenDrawing_closesItsDocument) {
             [this] { manager->addFileToProject(std::make_unique<RyvPrmFileDetails>(path("a.dwg"))); }, {}},
         {"listed by another project", listedByAnother, nothing, nothing, {}},
         {"at work", [&] { documents.setQuiescent(document, false); }, nothing, nothing, {},
-            "a.dwg does not belong to the project any more, and is open still."},
+            "a.dwg was replaced in the project, but stays open, because a command runs in it."},
         {"taken out while asked", nothing, [this] { manager->removeFileFromProject(path("a.dwg")); }, nothing,
             {}, "What the command was about is not in project A any more. Nothing was changed.", false},
         {"project closed while asked", nothing, [this] { manager->closeProject(id, true); }, nothing, {}, "",

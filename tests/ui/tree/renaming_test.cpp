@@ -308,11 +308,13 @@ TEST_F(Renaming, otherOpenProjects_follow) {
         {"followed", [](const CString&) {}, "OTHER(new.dwg x.dwg S(new.dwg))"},
         {"held", [&](const CString& other) { surroundings.lockCheck.heldByOthers = {toUpper(other)}; },
             "OTHER(A.DWG x.dwg S(a.dwg))",
-            "Projects that could not be changed, and still list the drawing as a.dwg: OTHER.", false},
+            "a.dwg is called new.dwg now. These projects still list the old name: OTHER. No drawing is "
+            "open, and the command needs one. Open a drawing, and try again.",
+            false},
         {"not written",
             [&](const CString&) { surroundings.lockCheck.meanwhile = [this] { faulty.limitSpace(0); }; },
             "OTHER(A.DWG x.dwg S(a.dwg))",
-            "Projects that could not be changed, and still list the drawing as a.dwg: OTHER.", false,
+            "a.dwg is called new.dwg now. These projects still list the old name: OTHER. ", false,
             "message "},
         {"has the name already",
             [&](const CString&) {
@@ -320,7 +322,7 @@ TEST_F(Renaming, otherOpenProjects_follow) {
                 files.erase(path("new.dwg"));
             },
             "OTHER(A.DWG x.dwg S(new.dwg))",
-            "Projects that could not be changed, and still list the drawing as a.dwg: OTHER.", false},
+            "a.dwg is called new.dwg now. These projects still list the old name: OTHER. ", false},
         {"closed",
             [&](const CString& other) {
                 surroundings.lockCheck.meanwhile = [this, other] { manager->closeProject(other, true); };
