@@ -37,6 +37,37 @@ def drag(window, run):
     until(lambda: not os.path.exists(run.lock), "the project is free again")
 
 
+def move(window, run):
+    """Alt with an arrow key moves a drawing past its neighbour, out of its subfolder and into another one."""
+    drawing = "41 Terminal Plan.dwg"
+
+    def step(key, trace, neighbours):
+        window.keys("alt+" + key)
+        until(lambda: in_subfolder(run.project, trace) == neighbours and not os.path.exists(run.lock),
+              f"Alt+{key} brings it to {trace or 'the top'}: {neighbours}")
+
+    window.to_tree()
+    before, above, below = (in_subfolder(run.project, trace) for trace in ("", "FIELD WIRING", "GEB\u00c4UDE NORD"))
+    window.go_to("41 Terminal")
+    step("Up", "FIELD WIRING", [drawing, *(name for name in above if name != drawing)])
+    step("Left", "", [*before, drawing])
+    run.picture(window.display, "move")
+    step("Right", "FIELD WIRING", [*(name for name in above if name != drawing), drawing])
+    expect(in_subfolder(run.project, "GEB\u00c4UDE NORD"), below, "the others stay")
+
+
+def close_all(window, run):
+    """When the last document is closed the tree still opens drawings."""
+    title = lambda: window.display.xdotool("getwindowname", window.id)
+    window.keys("ctrl+w")
+    until(lambda: "Drawing1" not in title(), "no document is open")
+    run.picture(window.display, "close_all")
+    window.to_tree()
+    window.go_to("01 Cover")
+    window.keys("Return")
+    until(lambda: "01 Cover" in title(), "the drawing is open")
+
+
 def begin_rename(window, run, label):
     window.go_to(label)
     window.keys("F2")
@@ -171,4 +202,4 @@ def leave(window, run):
     again.quit()
 
 
-IN_WINDOW = {story.__name__: story for story in (drag, rename, sort, remove, follow, lock, leave)}
+IN_WINDOW = {story.__name__: story for story in (drag, move, close_all, rename, sort, remove, follow, lock, leave)}
