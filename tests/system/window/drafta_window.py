@@ -15,6 +15,7 @@ SIZE = (1280, 1200)  # high enough for all rows of the sample project
 CORNER = (20, 40)
 TREE = (300, 720)  # with what is above it
 DRAG_STEPS = 12
+BESIDE = 30  # pixels left of the middle of a row
 KEY_DELAY = 15  # milliseconds between keys
 STRONG_SELECTION = 2000  # pixels; a row has some 6000
 REPAINT = 2  # seconds that a window may take to show where the keyboard is
@@ -94,6 +95,21 @@ class DraftaWindow:
 
     def drop(self):
         self.display.xdotool("mouseup", "1")
+
+    def carry(self, start, end):
+        """Rows of the tree from point to point, until they hang at the pointer there, without letting go. What is let go
+        before the window has told the pointer that it takes them is not dropped, but kept."""
+        self.drag(start, end)
+        self.other("the rows hang at the pointer")
+        self.display.xdotool("mousemove", end[0] + 1, end[1])  # who saw the last step too late sees this one
+
+    def put_down(self):
+        self.drop()
+        self.none_beside()
+
+    def left_of(self, point):
+        """What the screen shows beside a point in a row, where nothing that hangs at the pointer covers it."""
+        return cut(self.display.picture(), point[0] - BESIDE, point[1] - 2, BESIDE - 4, 4)
 
     # -- Windows beside it: menus and questions
 
