@@ -90,8 +90,9 @@ def rename(window, run):
     edit("21 Pump", "nothing", "Escape")
     expect(contents(run.project), before, "the project after Escape")
     edit("21 Pump", "21 Second Pump", "Return")
-    expect(sorted(os.listdir(os.path.join(run.sample, "Control"))),
-           ["20 Pump 1 Control.dwg", "21 Second Pump.dwg", "22 Fan and Alarms.dwg", "PLC"], "the files")
+    renamed = ["20 Pump 1 Control.dwg", "21 Second Pump.dwg", "22 Fan and Alarms.dwg", "PLC"]
+    until(lambda: sorted(os.listdir(os.path.join(run.sample, "Control"))) == renamed,
+          f"the files are {renamed}, each free of its lock")
     edit("SPARE", "reserve", "Return")
     names = {("CONTROL", "21 Pump 2 Control.dwg"): ("CONTROL", "21 Second Pump.dwg"),
              ("SPARE", None): ("RESERVE", None)}
