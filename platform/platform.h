@@ -18,6 +18,7 @@
 #include "platform/os/files.h"
 #include "platform/os/identity.h"
 #include "platform/os/message_loop.h"
+#include "platform/os/network.h"
 #include "platform/os/registry.h"
 #include "platform/os/system_paths.h"
 #include "platform/os/unique_ids.h"
@@ -58,6 +59,7 @@ struct NullPorts {
     NullRegistry registry;
     NullMessageLoop messages;
     NullFileMonitor monitor;
+    NullNetwork network;
     NullGlobalVariables globalVariables;
     NullUserFolders userFolders;
     NullPackageSettings settings;
@@ -107,8 +109,9 @@ public:
         Registry* registry;
         MessageLoop* messages;
         FileMonitor* monitor;
+        Network* network;
     } os{&null_.files, &null_.paths, &null_.identity, &null_.clock, &null_.environment, &null_.uniqueIds,
-        &null_.registry, &null_.messages, &null_.monitor};
+        &null_.registry, &null_.messages, &null_.monitor, &null_.network};
 
     struct Services {
         GlobalVariables* globalVariables;

@@ -5,6 +5,7 @@
 #include "embedded/os/posix_environment.h"
 #include "embedded/os/posix_files.h"
 #include "embedded/os/posix_identity.h"
+#include "embedded/os/posix_network.h"
 #include "embedded/os/posix_paths.h"
 #include "embedded/os/posix_unique_ids.h"
 #include "platform/platform.h"
@@ -22,6 +23,7 @@ public:
         platform_.os.clock = &clock_;
         platform_.os.environment = &environment_;
         platform_.os.uniqueIds = &uniqueIds_;
+        platform_.os.network = &network_;
     }
     PosixPlatform(const PosixPlatform&) = delete;
     PosixPlatform& operator=(const PosixPlatform&) = delete;
@@ -39,6 +41,7 @@ private:
     PosixClock clock_;
     PosixEnvironment environment_;
     PosixUniqueIds uniqueIds_;
+    PosixNetwork network_{paths_, identity_};
     ryv::Platform platform_;
 };
 

@@ -7,6 +7,7 @@
 #include "platform/os/environment.h"
 #include "platform/os/file_monitor.h"
 #include "platform/os/identity.h"
+#include "platform/os/network.h"
 #include "platform/os/registry.h"
 #include "platform/os/unique_ids.h"
 
@@ -26,6 +27,38 @@ public:
     CString userName() override { return user; }
     CString fullUserName() override { return fullName; }
     CString computerName() override { return computer; }
+};
+
+/// Counts the questions.
+class ScriptedNetwork final : public Network {
+public:
+    std::vector<NetworkShare> used;
+    std::vector<NetworkShare> own;
+    std::map<CString, CString> longNames;
+    int questions = 0;
+    CStringArray computers() override {
+        ++questions;
+        std::set<CString> names;
+        for (const NetworkShare& share : used)
+            names.insert(share.computer);
+        return CStringArray(names.begin(), names.end());
+    }
+    std::vector<NetworkShare> sharesOf(CStringView computer) override {
+        ++questions;
+        std::vector<NetworkShare> shares = used;
+        std::erase_if(
+            shares, [&](const NetworkShare& share) { return !equalNoCase(share.computer, computer); });
+        return shares;
+    }
+    std::vector<NetworkShare> localShares() override {
+        ++questions;
+        return own;
+    }
+    CString longPathName(CStringView path) override {
+        ++questions;
+        const auto hit = longNames.find(CString(path));
+        return hit == longNames.end() ? CString() : hit->second;
+    }
 };
 
 class ScriptedEnvironment final : public Environment {

@@ -47,6 +47,7 @@ public:
     ScriptedRegistry registry;
     ScriptedMessageLoop messages{clock};
     ScriptedFileMonitor monitor;
+    ScriptedNetwork network;
     ScriptedPalettes palettes{messages};
 
     ScriptedVariables variables;
@@ -86,6 +87,7 @@ private:
         ports.os.registry = &registry;
         ports.os.messages = &messages;
         ports.os.monitor = &monitor;
+        ports.os.network = &network;
     }
     void installServices() {
         ports.services = {&variables, &userFolders, &settings, &projectDatabase, &lockCheck, &taskDialogs,
