@@ -13,8 +13,9 @@ struct Choice {
     CString text;           ///< shown
     CString value = {};     ///< stands for it in what is stored; empty: the text does
     std::size_t data = 0;   ///< the program's own: an index, a code
-    int image = 0;          ///< number of an image; 0 for none
+    int image = 0;          ///< number of an image (toolkit/images.h); 0 for none
     bool separator = false; ///< a line between others, which cannot be chosen
+    bool marked = false;    ///< stands out among the others: the active one
 
     const CString& storedValue() const noexcept { return value.empty() ? text : value; }
     bool operator==(const Choice&) const = default;

@@ -29,6 +29,14 @@ public:
     /// A text that is on no row is only for an editable box; in another one it chooses nothing.
     void setText(CStringView text);
 
+    /// What a box without a text stands for, shown in it and no part of its text.
+    const CString& placeholder() const noexcept { return placeholder_; }
+    void setPlaceholder(CString text) { set(placeholder_, std::move(text)); }
+
+    /// Rows that do something at once: nobody is to choose one in passing, so keys and wheel open the list.
+    bool isMenu() const noexcept { return menu_; }
+    void setMenu(bool menu) { set(menu_, menu); }
+
     /// The longest text that the user may type, in UTF-16 units; 0 for any length. Rows may be longer.
     std::size_t maxLength() const noexcept { return maxLength_; }
     void setMaxLength(std::size_t units) { set(maxLength_, units); }
@@ -52,8 +60,10 @@ private:
 
     Choices rows_;
     State state_;
+    CString placeholder_;
     std::size_t maxLength_ = 0;
     bool editable_;
+    bool menu_ = false;
 };
 
 } // namespace ryv

@@ -61,6 +61,10 @@ public:
     const CString& tooltip() const noexcept { return tooltip_; }
     void setTooltip(CString text) { set(tooltip_, std::move(text)); }
 
+    /// What is doubtful about the value, shown beside the control; empty for nothing. It forbids nothing.
+    const CString& warning() const noexcept { return warning_; }
+    void setWarning(CString text) { set(warning_, std::move(text)); }
+
     /// Something that a view shows is different now.
     Event<const Control&> changed;
 
@@ -96,6 +100,7 @@ private:
     CString name_;
     CString label_;
     CString tooltip_;
+    CString warning_;
     bool enabled_ = true;
     bool visible_ = true;
 };

@@ -41,7 +41,8 @@ TextLines render(const ComboBox& box, const RenderOptions& options, std::size_t 
         if (row.separator)
             continue;
         if (shown++ < options.mostChoices)
-            choices += (choices.empty() ? u"" : u" | ") + onOneLine(row.text);
+            choices +=
+                (choices.empty() ? u"" : u" | ") + CString(row.marked ? u"*" : u"") + onOneLine(row.text);
     }
     if (shown > options.mostChoices)
         choices += format(u" | ... %d more", {shown - options.mostChoices});

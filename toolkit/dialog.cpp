@@ -5,8 +5,9 @@
 namespace ryv {
 
 namespace {
+/// The numbers are those of the module's catalogue.
 constexpr std::array<ButtonLayout, 2> usualButtons = {
-    {{Dialog::idOk, u"ok", u"OK"}, {Dialog::idCancel, u"cancel", u"Cancel"}}};
+    {{Dialog::idOk, u"ok", {91, u"OK"}}, {Dialog::idCancel, u"cancel", {92, u"Cancel"}}}};
 } // namespace
 
 Dialog::Dialog(const DialogLayout& layout, TextSource texts)

@@ -30,6 +30,10 @@ public:
     const CString& title() const noexcept { return title_; }
     void setTitle(CString title);
 
+    /// The page of the help that tells about it; empty for none.
+    const CString& helpTopic() const noexcept { return helpTopic_; }
+    void setHelpTopic(CStringView topic) { helpTopic_ = topic; }
+
     /// Adds a panel at the end; it is not owned and lives as long as the dialog runs.
     void addPanel(Panel& panel);
     const std::vector<Panel*>& panels() const noexcept { return panels_; }
@@ -103,6 +107,7 @@ private:
 
     CString name_;
     CString title_;
+    CString helpTopic_;
     std::vector<std::unique_ptr<Panel>> ownPanels_;
     std::vector<std::unique_ptr<Button>> buttons_;
     std::vector<Panel*> panels_;

@@ -27,6 +27,14 @@ public:
     bool isMarked(std::size_t row) const { return rows_[row].marked; }
     void setMarked(std::size_t row, bool marked) { set(rows_[row].marked, marked); }
 
+    /// What is shown while there are no rows; empty for nothing.
+    const CString& placeholder() const noexcept { return placeholder_; }
+    void setPlaceholder(CString text) { set(placeholder_, std::move(text)); }
+
+    /// Whether the dialog has a field of its own to search the rows with, so that views need none.
+    bool isSearchedByDialog() const noexcept { return searchedByDialog_; }
+    void setSearchedByDialog(bool searched) { set(searchedByDialog_, searched); }
+
 protected:
     std::size_t choiceCount() const noexcept override { return rows_.size(); }
 
@@ -37,6 +45,8 @@ private:
     };
     CStringArray columns_;
     CArray<Row> rows_;
+    CString placeholder_;
+    bool searchedByDialog_ = false;
 };
 
 } // namespace ryv

@@ -22,6 +22,8 @@ CString notesOf(const Control& control, const RenderOptions& options) {
     CString text = control.isEnabled() ? u"" : u" (disabled)";
     if (options.showsNames)
         text += u" {" + (control.name().empty() ? toText(control.id()) : onOneLine(control.name())) + u"}";
+    if (!control.warning().empty())
+        text += u" (! " + onOneLine(control.warning()) + u")";
     return text;
 }
 

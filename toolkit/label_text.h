@@ -15,7 +15,8 @@ CString labelOf(const Control& control);
 /// The label in front of a field, with a colon, as wide as it is to be at least; empty without a label.
 CString leadOf(const Control& control, std::size_t width);
 
-/// What is said behind a control: that it is disabled, and its name if names are shown.
+/// What is said behind a control: that it is disabled, its name if names are shown, what is doubtful about
+/// it.
 CString notesOf(const Control& control, const RenderOptions& options);
 
 /// The content, indented, below a line for the label and the notes, if there are any.

@@ -3,9 +3,8 @@
 namespace ryv {
 
 CString resolve(const LayoutText& text, TextSource texts) {
-    if (text.number != 0 && texts)
-        return CString(texts(text.number));
-    return CString(text.text);
+    const CStringView found = text.number != 0 && texts ? texts(text.number) : CStringView();
+    return CString(found.empty() ? text.text : found);
 }
 
 } // namespace ryv

@@ -9,8 +9,9 @@
 
 namespace ryv {
 
-/// A text as it is, or the number of one in a catalogue. In labels of controls "&" marks the letter behind
-/// it; titles of panels, pages and dialogs, and choices, are plain.
+/// A text as it is, or the number of one in a catalogue, with what stands in for one that it does not have.
+/// In labels of controls "&" marks the letter behind it; titles of panels, pages and dialogs, and choices,
+/// are plain.
 struct LayoutText {
     CStringView text;
     int number = 0;
@@ -18,12 +19,14 @@ struct LayoutText {
     constexpr LayoutText() = default;
     constexpr LayoutText(const char16_t* given) : text(given) {}
     constexpr LayoutText(int catalogueNumber) : number(catalogueNumber) {}
+    constexpr LayoutText(int catalogueNumber, const char16_t* otherwise)
+        : text(otherwise), number(catalogueNumber) {}
 };
 
 /// Gives the text of a number, as messageText() does. Null is for layouts that have no numbers.
 using TextSource = CStringView (*)(int number);
 
-/// The text itself; empty for a number without a source.
+/// The text of the number when there is one with a text, else the text itself.
 CString resolve(const LayoutText& text, TextSource texts);
 
 struct ChoiceLayout {

@@ -15,6 +15,7 @@ struct MenuItem {
     bool enabled = true;
     bool checked = false;
     bool separator = false;
+    int image = 0; ///< number of an image (toolkit/images.h); 0 for none
     std::unique_ptr<Menu> submenu;
 
     /// Whether it is a command that the user could choose.

@@ -63,6 +63,8 @@ TextLines gridLines(const Grid& grid, const RenderOptions& options) {
     lines = cut(std::move(lines), grid.rowCount(), options);
     if (!widths.empty())
         lines.insert(lines.begin(), u"   " + gridLine(grid.columns(), widths));
+    if (grid.rowCount() == 0 && !grid.placeholder().empty())
+        lines.push_back(u"   " + onOneLine(grid.placeholder()));
     return headed(grid, options, std::move(lines));
 }
 

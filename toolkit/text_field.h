@@ -18,12 +18,20 @@ public:
     /// The program may put in what it likes; the rules below bind the user alone.
     void setText(CString text) { set(text_, std::move(text)); }
 
+    /// What an empty field stands for, shown in it and no part of its text.
+    const CString& placeholder() const noexcept { return placeholder_; }
+    void setPlaceholder(CString text) { set(placeholder_, std::move(text)); }
+
     bool isMultiLine() const noexcept { return multiLine_; }
     void setMultiLine(bool multiLine) { set(multiLine_, multiLine); }
 
     /// Shown to be read and copied.
     bool isReadOnly() const noexcept { return readOnly_; }
     void setReadOnly(bool readOnly) { set(readOnly_, readOnly); }
+
+    /// Holds a number or the like: views need not give it much room.
+    bool isBrief() const noexcept { return brief_; }
+    void setBrief(bool brief) { set(brief_, brief); }
 
     /// The longest text that the user may leave, in UTF-16 units; 0 for any length.
     std::size_t maxLength() const noexcept { return maxLength_; }
@@ -42,10 +50,12 @@ public:
 
 private:
     CString text_;
+    CString placeholder_;
     std::function<bool(CStringView)> rule_;
     std::size_t maxLength_ = 0;
     bool multiLine_ = false;
     bool readOnly_ = false;
+    bool brief_ = false;
 };
 
 } // namespace ryv

@@ -48,10 +48,12 @@ struct FileRequest {
     int title = 0; ///< number of the title in the catalogue
     CString text;  ///< the title itself
     CString folder;
-    CString name;                  ///< proposed
-    CString extension;             ///< ".kqp"; others are not shown
-    bool save = false;             ///< a new name may be given; otherwise the file must exist
-    bool many = false;             ///< several files may be chosen
+    CString name;      ///< proposed
+    CString extension; ///< ".kqp"; others are not shown
+    bool save = false; ///< a new name may be given; otherwise the file must exist
+    bool many = false; ///< several files may be chosen
+    bool choosesFolder =
+        false; ///< a folder is chosen, which exists; extension and kinds of files do not count
     bool confirmsReplacing = true; ///< with `save`: the user is asked before a file that is there is taken
 };
 

@@ -124,7 +124,8 @@ private:
     };
 };
 
-/// Locks whatever it is asked for, unless one of the files is held by somebody else.
+/// Locks what it is asked for, unless one of the files is held by somebody else; of files that are only
+/// looked at (the second flag), projects alone.
 class ScriptedLockCheck final : public LockCheck {
 public:
     struct Check {
@@ -147,7 +148,7 @@ public:
         if (refuses || held)
             return false;
         for (const CString& file : files) {
-            if (isLocked(file))
+            if (isLocked(file) || (secondFlag == 1 && !toUpper(file).ends_with(u".KQP")))
                 continue;
             locked.push_back(file);
             taken.push_back(file);

@@ -43,6 +43,11 @@ public:
     std::vector<FormRequest> forms; ///< as they were asked
     CStringArray progressItems;
     std::vector<int> menuItems; ///< the commands of the menu that was shown last
+    void forgetAnswers() {
+        answers_.clear();
+        dialogs_.clear();
+        menus_.clear();
+    }
     /// How many answers nobody has asked for yet.
     std::size_t unusedAnswers() const {
         std::size_t count = dialogs_.size() + menus_.size();

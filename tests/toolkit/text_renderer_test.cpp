@@ -1,5 +1,5 @@
+#include "tests/support/golden.h"
 #include "tests/support/sample_dialog.h"
-#include "tests/support/text.h"
 #include "toolkit/check_box.h"
 #include "toolkit/combo_box.h"
 #include "toolkit/grid.h"
@@ -13,19 +13,8 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 namespace ryv::test {
 namespace {
-
-/// Compares with golden/NAME.txt. After a change that is meant, run the tests once with RYV_WRITE_GOLDEN set
-/// in the environment: the files are written anew, and the difference shows in version control.
-void expectGolden(const std::string& name, const CString& text) {
-    const std::string path = std::string(RYV_TEST_DATA) + "/golden/" + name + ".txt";
-    if (std::getenv("RYV_WRITE_GOLDEN"))
-        std::ofstream(path, std::ios::binary) << toUtf8(text);
-    EXPECT_EQ(toUtf8(text), readBytes(path));
-}
 
 void fill(const Dialog& dialog) {
     dialog.control<TextField>(sample::name).setText(u"Pump");
@@ -58,6 +47,15 @@ TEST(TextRenderer, dialog_withEveryKind_isGolden) {
     expectGolden("dialog_with_names", TextRenderer({true, 3, 2}).dialog(dialog));
 }
 
+TEST(TextRenderer, gridWithoutRows_saysWhy) {
+    Grid grid(1);
+    grid.setColumns({u"Setting"});
+    grid.setPlaceholder(u"Nothing\ndiffers.");
+    EXPECT_NE(TextRenderer().control(grid).find(u"Nothing differs."), CString::npos);
+    grid.addRow({u"WIREFMT"});
+    EXPECT_EQ(TextRenderer().control(grid).find(u"differs"), CString::npos);
+}
+
 TEST(TextRenderer, sheet_showsAllTabsAndOnePage_isGolden) {
     Panel one(sample::panels[0]);
     Panel two(sample::panels[1]);
@@ -65,6 +63,7 @@ TEST(TextRenderer, sheet_showsAllTabsAndOnePage_isGolden) {
     sheet.addPage({u"Settings", u"settings", {&one}});
     sheet.addPage({u"Styles", u"styles", {&two}});
     fill(sheet);
+    sheet.control<Control>(sample::format).setWarning(u"No such\nformat");
     sheet.setFocus(sample::format);
     expectGolden("sheet", TextRenderer().dialog(sheet));
 }
