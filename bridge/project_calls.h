@@ -29,8 +29,8 @@ bool sortDrawings(CStringView project, const CStringArray& chosen, bool& cancell
 
 /// Run the dialog for a project's description lines and give the lines as they were edited; `lines` may be
 /// the list that was passed. The first form works on what LISP knows itself and takes a number that selects
-/// it; the second one works on the lines that it is given, under a text. False when the user cancels, and
-/// when no line is left, since LISP answers nil to both.
+/// it; the second one works on the lines that it is given, under a text. False when the user cancels;
+/// when no line is left, one empty one comes back.
 bool editDescriptionLines(std::int16_t selection, CStringArray& lines);
 bool editDescriptionLines(CStringView text, const CStringArray& present, CStringArray& lines);
 

@@ -48,7 +48,8 @@ bool setUpWireLayers(std::int16_t number, const std::vector<CStringArray>& lists
 /// Adds layers to the drawing; the number says of which kind.
 bool addLayers(std::int16_t kind, const CStringArray& layers);
 
-/// Sets up wire formats by layer, on the setting's text; gives a list of strings.
+/// Sets up wire formats by layer, on the setting's text; gives a list of strings, an empty one
+/// when no format is left.
 bool setUpWireFormatByLayer(CStringView setting, CStringArray& formats);
 
 /// How LISP judges a catalogue value: a number of its own.

@@ -1,6 +1,7 @@
 #include "host/module_application.h"
 
 #include "bridge/platform.h"
+#include "resources/language.h"
 #include "resources/messages.h"
 
 namespace ryv {
@@ -19,6 +20,7 @@ CString localNameOf(const CommandTableEntry& entry) {
 
 ModuleResult RyvModuleApp::onInitialiseApplication(ModuleContext& context) {
     setPlatform(context.platform);
+    setLanguage(languageOf(*platform().os.environment));
     for (const CommandTableEntry& entry : commands_)
         if (!entry.globalName.empty())
             platform().host.commands->addCommand({CString(entry.group), CString(entry.globalName),

@@ -5,6 +5,10 @@
 
 namespace ryv::message {
 
+// The usual buttons of dialogs; toolkit/dialog.cpp knows these numbers.
+inline constexpr int buttonOk = 91;
+inline constexpr int buttonCancel = 92;
+
 // Fields of a drawing's label. The same numbers are the codes under which users' display settings keep them.
 inline constexpr int fieldInstallationCode = 101;
 inline constexpr int fieldLocationCode = 102;
@@ -76,6 +80,13 @@ inline constexpr int projectNotWrittenTitle = 410;
 inline constexpr int projectNotWritten = 411;      ///< file, reason
 inline constexpr int projectNotWrittenStale = 412; ///< file, reason, why it could not be read again
 inline constexpr int workRefusedByDisk = 413;      ///< file, reason; in the notice line again
+// The same in lists of files that were passed over; parameters as above.
+inline constexpr int workListedHeld = 414;
+inline constexpr int workListedReadOnly = 415;
+inline constexpr int workListedMissing = 416;
+inline constexpr int workListedUnreadable = 417;
+inline constexpr int workListedByDisk = 418;
+inline constexpr int workListedNotLocked = 419; ///< file
 
 // Commands of the project tree; "&" marks the letter that chooses one in its menu.
 inline constexpr int commandActivate = 420;
@@ -129,10 +140,10 @@ inline constexpr int drawingIsListed = 470;      ///< name of the drawing, name 
 inline constexpr int drawingExists = 471;        ///< file
 inline constexpr int drawingNotCopied = 472;     ///< file, reason
 inline constexpr int commandRefusedTitle = 473;  ///< of the last three
-inline constexpr int drawingsNotOpened = 474;    ///< number; a notice, as the next three
+inline constexpr int drawingsNotOpened = 474;    ///< number; a notice, as the next one
 inline constexpr int drawingsListedBefore = 475; ///< number added, name of the project, number that it had
 inline constexpr int fileNamesNotChanged = 476;  ///< number changed, number that could not be
-inline constexpr int drawingCopied = 477;        ///< name of the copy, name of the project
+inline constexpr int drawingCopied = 477;        ///< name of the copy, name of the project; a notice
 inline constexpr int changingFileNames = 478;    ///< of a progress display
 inline constexpr int fileNamesNotPutBack = 479;  ///< their number; a notice, as the next one
 inline constexpr int moreInSubfolders = 480;     ///< name of the project
@@ -161,6 +172,12 @@ inline constexpr int drawingHeld = 497;           ///< name, holder of the lock
 inline constexpr int drawingLockUnreadable = 498; ///< name
 inline constexpr int drawingNotOpened = 499;      ///< name, reason
 inline constexpr int replacedStaysOpen = 500;     ///< name
+
+// More for lists of files that were passed over.
+inline constexpr int workListedGone = 501;    ///< file
+inline constexpr int workListedNotDone = 502; ///< file, reason
+
+inline constexpr int workNeedsProject = 503; ///< a notice
 
 // The details of what is selected. Status texts stand in the order of the lock statuses.
 inline constexpr int lockStatusFirst = 601; ///< 603 and 604: holder of the lock
@@ -201,7 +218,7 @@ inline constexpr int drawingListNotStored = 651;
 // The project tree without a project.
 inline constexpr int treeEmpty = 652;
 
-// Numbers from 9001 on are for those who work on the module, and for what a version does not have yet.
+// Numbers from 9001 on are for those who work on the module.
 inline constexpr int testRunDrawingProperties = 9001; ///< Yes and No, as the next two
 inline constexpr int testRunScript = 9002;
 inline constexpr int testRunOwnScript = 9003;

@@ -1,27 +1,18 @@
 #include "resources/messages.h"
 
+#include "resources/catalogue.h"
 #include "resources/message_numbers.h"
-
-#include <algorithm>
-#include <iterator>
 
 namespace ryv {
 
 namespace {
 
-struct Message {
-    int number = 0;
-    CStringView text;
-};
-
-constexpr bool isBefore(const Message& message, int number) noexcept {
-    return message.number < number;
-}
-
 // In ascending order of the numbers. Titles and labels are names and end without a full stop; a message says
 // what happened and then what the user can do about it.
 // clang-format off
-constexpr Message messages[] = {
+constexpr Message texts[] = {
+    {message::buttonOk, u"OK"},
+    {message::buttonCancel, u"Cancel"},
     {message::fieldInstallationCode, u"Installation code"},
     {message::fieldLocationCode, u"Location code"},
     {message::fieldFileName, u"File name"},
@@ -106,6 +97,12 @@ constexpr Message messages[] = {
         u"The change could not be written to\n%s: %s.\n\n"
         u"The project could not be read again either (%s). What is shown is not saved."},
     {message::workRefusedByDisk, u"%s could not be locked: %s. Nothing was changed."},
+    {message::workListedHeld, u"%s: %s is working on it"},
+    {message::workListedReadOnly, u"%s: the file or its folder is read-only"},
+    {message::workListedMissing, u"%s: not found"},
+    {message::workListedUnreadable, u"%s: it is locked, and its lock file does not say by whom"},
+    {message::workListedByDisk, u"%s: it could not be locked: %s"},
+    {message::workListedNotLocked, u"%s: it could not be locked"},
     {message::commandActivate, u"&Activate"},
     {message::commandCloseProject, u"C&lose"},
     {message::commandDescriptions, u"&Descriptions..."},
@@ -188,6 +185,9 @@ constexpr Message messages[] = {
     {message::drawingNotOpened, u"%s could not be opened: %s."},
     {message::replacedStaysOpen, u"%s was replaced in the project, but stays open, because a command runs in it. Finish the command, and "
         u"close the drawing."},
+    {message::workListedGone, u"%s: it is not in the project any more"},
+    {message::workListedNotDone, u"%s: %s"},
+    {message::workNeedsProject, u"No project is active. Make one, or open one, first."},
     {message::lockStatusFirst, u"Unknown"},
     {message::lockStatusFirst + 1, u"Not locked"},
     {message::lockStatusFirst + 2, u"Locked by you, %s"},
@@ -228,7 +228,7 @@ constexpr Message messages[] = {
     {message::drawingListNotStored,
         u"The settings could not be saved. Check that your settings can be written, and try again."},
     {message::treeEmpty,
- u"No project is open.\nOpen one with the folder button above, or with a right click here."},
+ u"No project is open.\nMake one with the first button above, or open one with the second. A right click here offers both."},
     {message::testRunDrawingProperties, u"Run dwg props?"},
     {message::testRunScript, u"Run script?"},
     {message::testRunOwnScript, u"Ryv script?"},
@@ -237,15 +237,33 @@ constexpr Message messages[] = {
 };
 // clang-format on
 
-static_assert(
-    std::adjacent_find(std::begin(messages), std::end(messages),
-        [](const Message& a, const Message& b) { return !isBefore(a, b.number); }) == std::end(messages));
+static_assert(isAscending(texts));
 
 } // namespace
 
+namespace english {
+std::span<const Message> mainMessages() noexcept {
+    return texts;
+}
+} // namespace english
+
+Catalogue catalogueOf(Language language) noexcept {
+    if (language == Language::german)
+        return {german::mainMessages(), german::settingMessages(), german::creationMessages(),
+            german::projectListMessages()};
+    return {english::mainMessages(), english::settingMessages(), english::creationMessages(),
+        english::projectListMessages()};
+}
+
+CStringView messageText(int number, Language language) noexcept {
+    for (const std::span<const Message> part : catalogueOf(language))
+        if (const CStringView text = findMessage(part, number); !text.empty())
+            return text;
+    return {};
+}
+
 CStringView messageText(int number) noexcept {
-    const auto hit = std::lower_bound(std::begin(messages), std::end(messages), number, isBefore);
-    return hit != std::end(messages) && hit->number == number ? hit->text : CStringView();
+    return messageText(number, language());
 }
 
 } // namespace ryv

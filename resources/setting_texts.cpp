@@ -1,19 +1,14 @@
 #include "resources/setting_texts.h"
 
-#include <array>
+#include "resources/catalogue.h"
 
 namespace ryv {
 
 namespace {
 
-struct SettingText {
-    CStringView key;
-    CStringView text;
-};
-
 // The texts are the package's own, as users know them, spelling included.
 // clang-format off
-constexpr std::array<SettingText, 51> settingTexts{{
+constexpr SettingText texts[] = {
     {u"CFG037", u"Ladder default: H=horizontal, V=vertical"},
     {u"CFG038", u"1=reference numbers,2=ruling,3=user block,4=X-Y,5=X-Zone,6=lref sheet and numbers,7=lref Sheet (-) Numbers,8=lref Numbers in Hexagon,9=lref Sheet and numbers in hexagon"},
     {u"CFG039", u"Component tags: R=reference, S=sequential based"},
@@ -65,13 +60,20 @@ constexpr std::array<SettingText, 51> settingTexts{{
     {u"CFG085", u"In-line fan in/out symbol style number"},
     {u"CFG086", u"Layer for location box outline"},
     {u"CFG090", u"Re-tag and wire numbering sort mode"},
-}};
+};
 // clang-format on
 
 } // namespace
 
+namespace english {
+std::span<const SettingText> settingTexts() noexcept {
+    return texts;
+}
+} // namespace english
+
 CStringView settingText(CStringView key) noexcept {
-    for (const SettingText& entry : settingTexts)
+    const bool isGerman = language() == Language::german;
+    for (const SettingText& entry : isGerman ? german::settingTexts() : english::settingTexts())
         if (entry.key == key)
             return entry.text;
     return {};

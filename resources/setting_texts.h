@@ -6,7 +6,7 @@
 
 namespace ryv {
 
-/// The description of a key such as "CFG037"; empty for an unknown key.
+/// The description of a key such as "CFG037" in the user's language; empty for an unknown key.
 CStringView settingText(CStringView key) noexcept;
 
 } // namespace ryv

@@ -3,6 +3,7 @@
 #include "base/encoding.h"
 #include "base/format.h"
 #include "base/text.h"
+#include "embedded/services/host_texts.h"
 #include "toolkit/plain_text.h"
 
 #include <algorithm>
@@ -121,15 +122,15 @@ bool CommandLine::runFromScript() {
     const std::optional<InputPiece> piece = sources_.back()->input.takeCommand();
     if (!piece) {
         if (sources_.back()->input.hasOpenExpression())
-            site_->print(
-                ryv::format(u"\n%s: the last expression is not closed\n", {sources_.back()->script}));
+            site_->print(ryv::format(
+                hostText(u"\n%s: the last expression is not closed\n"), {sources_.back()->script}));
         sources_.pop_back();
         return true;
     }
     const ryv::CString script = sources_.back()->script;
     const std::size_t others = sources_.size();
     if (!runPiece(*piece) && sources_.size() == others) {
-        site_->print(ryv::format(u"\n%s:%d: the script stops here\n", {script, piece->line}));
+        site_->print(ryv::format(hostText(u"\n%s:%d: the script stops here\n"), {script, piece->line}));
         sources_.pop_back();
     }
     return true;
@@ -155,7 +156,7 @@ bool CommandLine::runFromQueue() {
 
 bool CommandLine::runPiece(const InputPiece& piece) {
     if (piece.show == Show::everything)
-        site_->print(ryv::format(u"\nCommand: %s", {piece.text}));
+        site_->echo(ryv::format(hostText(u"\nCommand: %s"), {piece.text}));
     return piece.isExpression ? runExpression(piece) : runTyped(piece.text, false);
 }
 
@@ -177,7 +178,7 @@ bool CommandLine::runTyped(ryv::CStringView name, bool isTransparent) {
         if (site_->callLispCommand(withoutMarks(name)))
             return !isInterrupted();
     }
-    site_->print(ryv::format(u"\nUnknown command \"%s\".\n", {ryv::onOneLine(withoutMarks(name))}));
+    site_->print(ryv::format(hostText(u"\nUnknown command \"%s\".\n"), {ryv::onOneLine(withoutMarks(name))}));
     return false;
 }
 
@@ -191,7 +192,7 @@ bool CommandLine::mayStart(const ryv::HostCommand& command, bool isTransparent) 
 bool CommandLine::isTooDeep(ryv::CStringView name) {
     if (levels_.size() < deepest)
         return false;
-    site_->print(ryv::format(u"\n%s: too many commands are running inside each other.\n", {name}));
+    site_->print(ryv::format(hostText(u"\n%s: too many commands are running inside each other.\n"), {name}));
     return true;
 }
 
@@ -202,18 +203,19 @@ bool CommandLine::callHandler(const std::function<void()>& handler) {
         return true;
     } catch (const CommandCancelled&) {
         if (!isInterrupted()) // of that the one who ends the interrupt tells
-            site_->print(u"\n*Cancel*\n");
+            site_->print(hostText(u"\n*Cancel*\n"));
     } catch (const std::exception& fault) {
-        site_->print(ryv::format(u"\nfailed: %s\n", {ryv::decodeUtf8(fault.what())}));
+        site_->print(ryv::format(hostText(u"\nfailed: %s\n"), {ryv::decodeUtf8(fault.what())}));
     } catch (...) {
-        site_->print(u"\nfailed\n");
+        site_->print(hostText(u"\nfailed\n"));
     }
     return false;
 }
 
 bool CommandLine::runHandler(const ryv::HostCommand& command, bool isTransparent) {
     if (!mayStart(command, isTransparent)) {
-        site_->print(ryv::format(u"\n%s cannot be started inside another command.\n", {command.localName}));
+        site_->print(
+            ryv::format(hostText(u"\n%s cannot be started inside another command.\n"), {command.localName}));
         return false;
     }
     if (isTooDeep(command.localName))
@@ -291,7 +293,7 @@ ryv::CString CommandLine::ask(ryv::CStringView prompt) {
         if (!piece || isInterrupted())
             throw CommandCancelled();
         if (piece->show == Show::everything)
-            site_->print(ryv::CString(prompt) + piece->text);
+            site_->echo(ryv::CString(prompt) + piece->text);
         if (const std::optional<ryv::CString> answer = answerFrom(*piece))
             return *answer;
     }
@@ -341,7 +343,7 @@ void CommandLine::breakOff() {
     sources_.clear();
     work_.clear();
     forget(site_->currentDocument());
-    site_->print(u"\n*Cancel*\n");
+    site_->print(hostText(u"\n*Cancel*\n"));
 }
 
 } // namespace drafta

@@ -45,6 +45,8 @@ public:
     virtual bool callLispCommand(ryv::CStringView name) = 0;
 
     virtual void print(ryv::CStringView text) = 0;
+    /// Prints what stands as if it had been typed, line end included: what is printed next begins a line.
+    virtual void echo(ryv::CStringView text) = 0;
 
     /// A path as people know it.
     virtual ryv::CString shownPath(ryv::CStringView path) = 0;

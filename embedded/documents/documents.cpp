@@ -4,6 +4,7 @@
 #include "base/format.h"
 #include "base/text.h"
 #include "embedded/documents/command_line.h"
+#include "embedded/services/host_texts.h"
 
 #include <algorithm>
 
@@ -134,9 +135,9 @@ bool Documents::close(DocumentId id) {
 DrawingResult Documents::save(DocumentId id) {
     Document* const document = find(id);
     if (!document)
-        return {false, u"the document is closed"};
+        return {false, ryv::CString(hostText(u"the document is closed"))};
     if (!document->isNamed)
-        return {false, document->name + u": the drawing has no file yet"};
+        return {false, document->name + u": " + ryv::CString(hostText(u"the drawing has no file yet"))};
     const bool written = document->drawing->isModified();
     DrawingResult result = document->drawing->save();
     if (result.ok() && written)
@@ -147,10 +148,10 @@ DrawingResult Documents::save(DocumentId id) {
 DrawingResult Documents::saveAs(DocumentId id, ryv::CStringView path) {
     Document* const document = find(id);
     if (!document)
-        return {false, u"the document is closed"};
+        return {false, ryv::CString(hostText(u"the document is closed"))};
     const ryv::CString full = parts_.paths->fullPath(path);
     if (const Document* const other = findFile(full); other && other != document)
-        return {false, full + u": the drawing is open in another document"};
+        return {false, full + u": " + ryv::CString(hostText(u"the drawing is open in another document"))};
     DrawingResult result = document->drawing->saveAs(full);
     if (result.ok()) {
         document->name = full;

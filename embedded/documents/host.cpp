@@ -5,6 +5,9 @@
 #include "base/paths.h"
 #include "base/text.h"
 #include "embedded/os/native_path.h"
+#include "embedded/services/host_texts.h"
+#include "resources/file_reasons.h"
+#include "resources/language.h"
 #include "siblings/file_content.h"
 #include "toolkit/plain_text.h"
 
@@ -46,6 +49,11 @@ ryv::CString Host::inProfile(std::string_view name) {
 
 ryv::CString Host::inProduct(std::string_view name) {
     return os_.platform().os.paths->fromNative(joinNative(options_.productFolder, name));
+}
+
+const char* Host::taskDialogsFile() {
+    return ryv::language() == ryv::Language::german ? "resources/TaskDialogs.de.xaml"
+                                                    : "resources/TaskDialogs.xaml";
 }
 
 /// Tells a line that begins with the path of a file.
@@ -133,6 +141,7 @@ void Host::fillPlatform() {
     ports.services.lockCheck = &lockCheck_;
     ports.services.clientManager = &clientManager_;
     ports.services.waitCursor = &waitCursor_;
+    ports.services.help = &help_;
     ports.services.menuHook = &menuHook_;
     ports.services.projectDatabase = &projectDatabase_;
     if (options_.logsEvents)
@@ -144,6 +153,7 @@ void Host::setFrontEnd(FrontEnd frontEnd) {
     frontEnd_ = std::move(frontEnd);
     platform().ui = frontEnd_.userInterface;
     platform().services.waitCursor = frontEnd_.waitCursor;
+    help_.setViewer(frontEnd_.showHelp);
 }
 
 bool Host::hasOpenDialog() const {
@@ -175,6 +185,8 @@ void Host::defineVariables() {
         return document && document->drawing->isModified() ? 1 : 0;
     });
     editor_.defineVariable(u"CleanScreenState", ryv::SystemVariable(0));
+    editor_.defineVariable(
+        u"LOCALE", []() -> ryv::SystemVariable { return ryv::CString(ryv::codeOf(ryv::language())); });
     editor_.defineVariable(
         u"COLORTHEME",
         [this]() -> ryv::SystemVariable { return mainWindow_.theme() == ryv::HostTheme::light ? 1 : 0; },
@@ -216,10 +228,11 @@ bool Host::openProject(ryv::CStringView path) {
     const ryv::FileStatus status = files().information(path, information);
     if (status.ok() && makeProjectActive(path))
         return true;
-    const char* const reason = !status.ok()          ? describe(status.error)
-                               : hasNameOfOpen(path) ? "a project of that name is open already"
-                                                     : "the package does not take it";
-    print(u"\n" + shown(ryv::CString(path) + u": " + ryv::fromAscii(reason)) + u"\n");
+    const ryv::CString reason = !status.ok() ? ryv::fileReason(status.error)
+                                : hasNameOfOpen(path)
+                                    ? ryv::CString(hostText(u"a project of that name is open already"))
+                                    : ryv::CString(hostText(u"the package does not take it"));
+    print(u"\n" + shown(ryv::CString(path) + u": " + reason) + u"\n");
     return false;
 }
 
@@ -291,6 +304,7 @@ void Host::quit() {
 }
 
 void Host::runLine(ryv::CStringView line) {
+    isBehindEcho_ = false;
     commandLine_.type(line);
     commandLine_.runUntilIdle();
 }
@@ -303,7 +317,9 @@ void Host::runPending() {
 }
 
 ryv::CString Host::prompt() {
-    return commandLine_.hasOpenExpression(documents_.currentDocument()) ? u"(_> " : u"Command: ";
+    return commandLine_.hasOpenExpression(documents_.currentDocument())
+               ? ryv::CString(u"(_> ")
+               : ryv::CString(hostText(u"Command: "));
 }
 
 void Host::interrupt() noexcept {
@@ -339,7 +355,7 @@ void Host::tell(const ryv::DrawingResult& result) {
 bool Host::evaluate(ryv::CStringView expression, ValueForm form, ryv::CString& value) {
     if (Document* const document = documents_.current())
         return document->lisp->evaluate(expression, form, value);
-    print(u"\nThere is no document, and LISP belongs to documents.\n");
+    print(hostText(u"\nThere is no document, and LISP belongs to documents.\n"));
     return false;
 }
 
@@ -356,6 +372,7 @@ bool Host::callLispCommand(ryv::CStringView name) {
 std::optional<ryv::CString> Host::askPerson(ryv::CStringView prompt) {
     if (!options_.readLine || hasQuit_ || commandLine_.isInterrupted())
         return std::nullopt;
+    isBehindEcho_ = false;
     ++questions_;
     const std::optional<std::string> line = options_.readLine(ryv::nameToBytes(prompt));
     --questions_;
@@ -371,7 +388,7 @@ bool Host::readScript(ryv::CStringView path, ryv::CString& text) {
     ryv::Fingerprint fingerprint;
     const ryv::FileStatus status = ryv::readWholeFile(files(), file, bytes, fingerprint);
     if (!status.ok()) {
-        print(u"\n" + shown(file + u": " + ryv::fromAscii(describe(status.error))) + u"\n");
+        print(u"\n" + shown(file + u": " + ryv::fileReason(status.error)) + u"\n");
         return false;
     }
     ryv::TextEncoding encoding{};
@@ -384,7 +401,15 @@ void Host::breathe() {
         options_.breathe();
 }
 
+void Host::echo(ryv::CStringView text) {
+    print(text);
+    isBehindEcho_ = true;
+}
+
+/// Most texts bring the line break in front of them themselves.
 void Host::print(ryv::CStringView text) {
+    if (!text.empty() && std::exchange(isBehindEcho_, false) && text.front() != u'\n')
+        options_.print("\n");
     options_.print(ryv::nameToBytes(text));
 }
 

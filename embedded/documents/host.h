@@ -19,6 +19,7 @@
 #include "embedded/services/catalog_browser.h"
 #include "embedded/services/client_manager.h"
 #include "embedded/services/event_log.h"
+#include "embedded/services/help_pages.h"
 #include "embedded/services/menu_hook.h"
 #include "embedded/services/package_lock_check.h"
 #include "embedded/services/profile_folders.h"
@@ -33,7 +34,8 @@ namespace drafta {
 /// Where the host finds things and what it talks through. Folders and texts are native bytes.
 struct HostOptions {
     std::string profileFolder; ///< for what the user sets; made when it is missing
-    std::string productFolder; ///< with the folders "package", "resources", "support" and "template"
+    std::string productFolder; ///< with the folders "help", "package", "resources", "support" and
+                               ///< "template"
     std::function<void(std::string_view)> print;      ///< on the command line
     std::function<void(std::string_view)> printError; ///< beside it
     /// A line from the person in front of the terminal, without its end; nothing when nobody is there.
@@ -66,12 +68,13 @@ public:
     MainWindow& mainWindow() noexcept { return mainWindow_; }
     WaitCursor& waitCursor() noexcept { return waitCursor_; }
 
-    /// Lets a window ask the questions, show the wait cursor and say whether a dialog is open in it; before
-    /// modules are loaded. They outlive the host.
+    /// Lets a window ask the questions, show the wait cursor and the help, and say whether a dialog is open
+    /// in it; before modules are loaded. They outlive the host.
     struct FrontEnd {
         ryv::UserInterface* userInterface;
         ryv::WaitCursor* waitCursor;
         std::function<bool()> hasOpenDialog;
+        std::function<void(ryv::CStringView file)> showHelp = nullptr; ///< a page by its module path
     };
     void setFrontEnd(FrontEnd frontEnd);
 
@@ -145,6 +148,7 @@ private:
     ProjectDatabaseParts databaseParts();
     ryv::CString inProfile(std::string_view name);
     ryv::CString inProduct(std::string_view name);
+    static const char* taskDialogsFile();
     std::function<void(ryv::CStringView)> warning();
     void printError(ryv::CStringView text) { options_.printError(ryv::nameToBytes(text)); }
     void fillPlatform();
@@ -199,6 +203,7 @@ private:
     bool callLispCommand(ryv::CStringView name) override;
     std::optional<ryv::CString> askPerson(ryv::CStringView prompt) override;
     bool readScript(ryv::CStringView path, ryv::CString& text) override;
+    void echo(ryv::CStringView text) override;
 
     // CommandLineSite, lisp::Services and ryv::HostConsole
     void print(ryv::CStringView text) override;
@@ -232,8 +237,7 @@ private:
     ProfileFolders folders_{settings_, inProfile("")};
     HostProjectDatabase projectDatabase_{databaseParts()};
     ToldCatalogBrowser catalogBrowser_;
-    TaskDialogCatalogue taskDialogs_{
-        *os_.platform().os.files, inProduct("resources/TaskDialogs.xaml"), warning()};
+    TaskDialogCatalogue taskDialogs_{*os_.platform().os.files, inProduct(taskDialogsFile()), warning()};
     MainWindow mainWindow_{
         loop_, options_.screen, options_.isInBackground, [this] { return documents_.hasCurrentDocument(); }};
     Workspace workspace_{*os_.platform().os.files, inProfile("workspace.xml"), warning()};
@@ -241,6 +245,8 @@ private:
     ClientManager clientManager_;
     MenuHook menuHook_;
     WaitCursor waitCursor_;
+    HelpPages help_{
+        *os_.platform().os.files, inProduct("help"), [this](ryv::CStringView text) { print(text); }};
     PrintedEventLog eventLog_{[this](ryv::CStringView text) { printError(text); },
         [this](ryv::CStringView path) { return ryv::nameFromBytes(paths().toNative(path)); }};
     CommandLine commandLine_{*this};
@@ -259,7 +265,8 @@ private:
     // Ends first: modules use all of the others.
     Modules modules_{os_.platform(), documents_, lispPort_, commandLine_.stack()};
     std::function<void()> whenReady_;
-    int questions_ = 0; // that the person is to answer now
+    bool isBehindEcho_ = false; // on its line
+    int questions_ = 0;         // that the person is to answer now
     std::atomic<bool> hasQuit_ = false;
 };
 

@@ -4,6 +4,7 @@
 #include "base/format.h"
 #include "base/text.h"
 #include "embedded/documents/host.h"
+#include "embedded/services/host_texts.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -77,9 +78,9 @@ void Host::tellOf(ryv::CStringView done) {
 }
 
 void Host::runOpen() {
-    if (!openDocument(askPath(u"\nDrawing to open: ")))
+    if (!openDocument(askPath(hostText(u"\nDrawing to open: "))))
         throw CommandCancelled();
-    tellOf(u"Opened");
+    tellOf(hostText(u"Opened"));
 }
 
 void Host::runNew() {
@@ -92,11 +93,11 @@ void Host::runSave() {
     const ryv::DrawingResult result = documents_.save(documents_.currentDocument());
     tell(result);
     if (result.ok())
-        tellOf(u"Saved");
+        tellOf(hostText(u"Saved"));
 }
 
 void Host::runSaveAs() {
-    ryv::CString path = askPath(u"\nSave the drawing as: ");
+    ryv::CString path = askPath(hostText(u"\nSave the drawing as: "));
     if (!ryv::equalNoCase(
             ryv::CStringView(path).substr(path.size() - std::min<std::size_t>(path.size(), 4)), u".dwg"))
         path += u".dwg";
@@ -105,7 +106,7 @@ void Host::runSaveAs() {
     const ryv::DrawingResult result = documents_.saveAs(documents_.currentDocument(), path);
     tell(result);
     if (result.ok())
-        tellOf(u"Saved");
+        tellOf(hostText(u"Saved"));
 }
 
 /// True when nothing is lost by writing a file, or the user agrees.
@@ -116,7 +117,7 @@ bool Host::mayReplace(ryv::CStringView path) {
         return true;
     ryv::MessageBoxRequest request;
     request.message = 2;
-    request.text = ryv::format(u"%s exists already. Replace it?", {shownPath(path)});
+    request.text = ryv::format(hostText(u"%s exists already. Replace it?"), {shownPath(path)});
     request.caption = u"drafta";
     request.icon = ryv::MessageIcon::warning;
     request.buttons = ryv::MessageButtons::yesNo;
@@ -130,7 +131,7 @@ bool Host::keepChanges() {
         return true;
     ryv::MessageBoxRequest request;
     request.message = 1;
-    request.text = ryv::format(u"Save the changes to %s?", {shownPath(document->name)});
+    request.text = ryv::format(hostText(u"Save the changes to %s?"), {shownPath(document->name)});
     request.caption = u"drafta";
     request.icon = ryv::MessageIcon::question;
     request.buttons = ryv::MessageButtons::yesNoCancel;
@@ -148,12 +149,12 @@ void Host::runClose() {
     if (!documents_.hasCurrentDocument() || !keepChanges())
         return;
     if (!documents_.close(documents_.currentDocument()))
-        print(u"\nSomething is still at work in the drawing.\n");
+        print(hostText(u"\nSomething is still at work in the drawing.\n"));
 }
 
 void Host::runQuit() {
     if (questions_ > 0 || hasOpenDialog()) {
-        print(u"\nA question is open: the host cannot end now.\n");
+        print(hostText(u"\nA question is open: the host cannot end now.\n"));
         return;
     }
     for (const ryv::DocumentId id : documents_.documents()) {
@@ -165,27 +166,27 @@ void Host::runQuit() {
         hasQuit_ = true;
         commandLine_.end();
     } else {
-        print(u"\nSomebody does not let the host end now.\n");
+        print(hostText(u"\nSomebody does not let the host end now.\n"));
     }
 }
 
 void Host::runScript() {
-    commandLine_.queueScript(askPath(u"\nScript to run: "));
+    commandLine_.queueScript(askPath(hostText(u"\nScript to run: ")));
 }
 
 void Host::runScriptNow() {
-    if (!commandLine_.runScript(askPath(u"\nScript to run: ")))
+    if (!commandLine_.runScript(askPath(hostText(u"\nScript to run: "))))
         throw CommandCancelled();
 }
 
 void Host::runSetVariable() {
-    const ryv::CString name = commandLine_.ask(u"\nName of the variable: ");
+    const ryv::CString name = commandLine_.ask(hostText(u"\nName of the variable: "));
     ryv::SystemVariable value;
     if (!editor_.systemVariable(name, value)) {
-        print(ryv::format(u"\nThere is no variable %s.\n", {name}));
+        print(ryv::format(hostText(u"\nThere is no variable %s.\n"), {name}));
         return;
     }
-    const ryv::CString text = commandLine_.ask(u"\nNew value: ");
+    const ryv::CString text = commandLine_.ask(hostText(u"\nNew value: "));
     if (std::holds_alternative<std::int32_t>(value))
         value = static_cast<std::int32_t>(ryv::leadingInteger(text));
     else if (std::holds_alternative<ryv::CString>(value))
@@ -193,7 +194,7 @@ void Host::runSetVariable() {
     else
         value = std::strtod(ryv::toAscii(text).c_str(), nullptr);
     if (!editor_.setSystemVariable(name, value))
-        print(ryv::format(u"\n%s cannot be set.\n", {name}));
+        print(ryv::format(hostText(u"\n%s cannot be set.\n"), {name}));
 }
 
 void Host::runHelp() {
@@ -205,9 +206,10 @@ void Host::runHelp() {
             names.push_back(name);
     std::sort(names.begin(), names.end());
     names.erase(std::unique(names.begin(), names.end()), names.end());
-    print(u"\nCommands:\n" + inColumns(names) +
-          u"A line that begins with \"(\" is LISP. Ctrl-C, or Esc in the window, breaks off what runs; QUIT "
-          u"leaves.\n");
+    print(ryv::CString(hostText(u"\nCommands:\n")) + inColumns(names) +
+          ryv::CString(hostText(u"A line that begins with \"(\" is LISP. Ctrl-C, or Esc in the window, "
+                                u"breaks off what runs; QUIT "
+                                u"leaves.\n")));
 }
 
 } // namespace drafta

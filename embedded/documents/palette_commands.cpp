@@ -4,6 +4,7 @@
 #include "embedded/documents/host.h"
 #include "embedded/palettes/palette_actions.h"
 #include "embedded/palettes/palette_text.h"
+#include "embedded/services/host_texts.h"
 
 namespace drafta {
 
@@ -21,7 +22,7 @@ ryv::CString actionPrompt() {
     ryv::CString names;
     for (const PaletteAction& action : paletteActions())
         names += (names.empty() ? u"" : u", ") + ryv::CString(action.name);
-    return ryv::format(u"\nAction (%s): ", {names});
+    return ryv::format(hostText(u"\nAction (%s): "), {names});
 }
 
 } // namespace
@@ -53,16 +54,16 @@ void Host::keepLayouts() {
 
 void Host::runShowPalettes() {
     const ryv::CString shown = shownPalettes(palettes_);
-    print(shown.empty() ? ryv::CString(u"\nThere are no palette sets.\n") : u"\n" + shown);
+    print(shown.empty() ? ryv::CString(hostText(u"\nThere are no palette sets.\n")) : u"\n" + shown);
 }
 
 void Host::runPalette() {
-    const ryv::CString name = commandLine_.ask(u"\nPalette set (* for all): ");
+    const ryv::CString name = commandLine_.ask(hostText(u"\nPalette set (* for all): "));
     const ryv::CString word = commandLine_.ask(actionPrompt());
     const PaletteAction* const action = findPaletteAction(word);
     const bool hasValue = action && !action->prompt.empty();
     const ryv::CString value =
-        hasValue ? commandLine_.ask(u"\n" + ryv::CString(action->prompt)) : ryv::CString();
+        hasValue ? commandLine_.ask(u"\n" + ryv::CString(hostText(action->prompt))) : ryv::CString();
     const std::vector<PaletteSet*> sets = setsNamed(palettes_, name); // as they are behind the questions
     bool done = action && !sets.empty();
     for (PaletteSet* const set : sets)
@@ -70,24 +71,24 @@ void Host::runPalette() {
     if (done)
         return;
     if (!action)
-        print(ryv::format(u"\nThere is no action %s.\n", {word}));
+        print(ryv::format(hostText(u"\nThere is no action %s.\n"), {word}));
     else if (sets.empty())
-        print(ryv::format(u"\nThere is no palette set %s.\n", {name}));
+        print(ryv::format(hostText(u"\nThere is no palette set %s.\n"), {name}));
     else
-        print(ryv::format(u"\n%s: %s %s cannot be done.\n", {name, action->name, value}));
+        print(ryv::format(hostText(u"\n%s: %s %s cannot be done.\n"), {name, action->name, value}));
     throw CommandCancelled();
 }
 
 void Host::runSaveWorkspace() {
     if (!palettes_.saveLayouts())
         throw CommandCancelled();
-    print(u"\nThe layout of the palettes is saved.\n");
+    print(hostText(u"\nThe layout of the palettes is saved.\n"));
 }
 
 void Host::runLoadWorkspace() {
     if (!palettes_.loadLayouts())
         throw CommandCancelled();
-    print(u"\nThe layout of the palettes is loaded.\n");
+    print(hostText(u"\nThe layout of the palettes is loaded.\n"));
 }
 
 } // namespace drafta

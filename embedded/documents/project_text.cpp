@@ -3,6 +3,8 @@
 #include "base/encoding.h"
 #include "base/format.h"
 #include "base/text.h"
+#include "embedded/services/host_texts.h"
+#include "resources/file_reasons.h"
 
 namespace drafta {
 
@@ -53,8 +55,8 @@ bool ProjectText::write(const Content& content) {
 
 ryv::CString ProjectText::problem() const {
     if (getLastError() == changedOutside)
-        return lastFile() + u": somebody else changed it meanwhile";
-    return lastFile() + u": " + ryv::fromAscii(describe(lastStatus().error));
+        return lastFile() + u": " + ryv::CString(hostText(u"somebody else changed it meanwhile"));
+    return lastFile() + u": " + ryv::fileReason(lastStatus().error);
 }
 
 } // namespace drafta

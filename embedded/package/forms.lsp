@@ -27,12 +27,53 @@
     (ryp-answer answers "value")))
 
 ;; Lets the user edit several texts at once; the new ones in the same order, or nil. The fields are named
-;; 1, 2 and so on; a value without a label has its number for one.
-(defun ryp-ask-texts (name title labels values / fields number answers)
+;; 1, 2 and so on; `label` holds %1 for that number.
+(defun ryp-ask-texts (name title label values)
+  (ryp-ask-values name title (mapcar '(lambda (value) (list label)) values) values))
+
+;; Lets the user edit several values at once as `kinds` say: (LABEL) is a text, (LABEL . BIT) one bit of a
+;; number as yes or no, (LABEL (CODE . TEXT) ...) one of some codes, each under its text. The new values in the
+;; same order, or nil; what the user leaves as it is comes back as it was. The fields are named 1, 2 and so on.
+(defun ryp-ask-values (name title kinds values / answers)
+  (if (setq answers (ryp-ask name title (ryp-value-fields kinds values)))
+    (mapcar 'ryp-value-of kinds values (mapcar 'cdr answers))))
+
+(defun ryp-value-fields (kinds values / number fields)
   (setq number 0)
   (foreach value values
     (setq number (1+ number)
-          fields (cons (ryp-text (itoa number) (cond ((car labels)) ((itoa number))) value) fields)
-          labels (cdr labels)))
-  (if (setq answers (ryp-ask name title (reverse fields)))
-    (mapcar 'cdr answers)))
+          fields (cons (ryp-value-field (itoa number) (car kinds) value) fields)
+          kinds (cdr kinds)))
+  (reverse fields))
+
+(defun ryp-value-field (number kind value / label)
+  (setq label (ryp-message (car kind) (list number))
+        value (ryp-shown-value kind value))
+  (cond
+    ((null (cdr kind)) (ryp-text number label value))
+    ((numberp (cdr kind)) (ryp-check number label value))
+    (T (ryp-choice number label value
+         (mapcar '(lambda (choice) (ryp-message (cdr choice) nil)) (cdr kind))))))
+
+;; What stands for a value in its field. A value that is none of its codes is shown as it is.
+(defun ryp-shown-value (kind value / choice)
+  (cond
+    ((null (cdr kind)) value)
+    ((numberp (cdr kind)) (if (= (logand (atoi value) (cdr kind)) 0) "0" "1"))
+    ((setq choice (assoc value (cdr kind))) (ryp-message (cdr choice) nil))
+    (value)))
+
+;; The value that an answer stands for. The other bits of a number stay.
+(defun ryp-value-of (kind value answer)
+  (cond
+    ((= answer (ryp-shown-value kind value)) value)
+    ((null (cdr kind)) answer)
+    ((numberp (cdr kind)) (itoa (- (+ (atoi value) (cdr kind)) (* 2 (logand (atoi value) (cdr kind))))))
+    ((ryp-code-of (cdr kind) answer))
+    (answer)))
+
+(defun ryp-code-of (choices text / code)
+  (foreach choice choices
+    (if (= text (ryp-message (cdr choice) nil))
+      (setq code (car choice))))
+  code)

@@ -1,9 +1,14 @@
-;; Texts by identifier, so that a site can translate or reword them: "messages.txt".
+;; Texts by identifier, so that a site can translate or reword them: "messages.txt", and in front of it the file
+;; of the host's language, such as "messages.de.txt".
 
 ;; Read once for each document, when the first is asked for.
 (defun ryp-messages ()
   (if (null RYP_MESSAGES)
-    (setq RYP_MESSAGES (cons '("" . "") (ryp-layered-table "messages.txt"))))
+    (setq RYP_MESSAGES
+      (cons '("" . "")
+        (append
+          (ryp-layered-table (strcat "messages." (getvar "LOCALE") ".txt"))
+          (ryp-layered-table "messages.txt")))))
   RYP_MESSAGES)
 
 ;; The text of a message, with %1, %2 ... replaced by the texts of a list, or nil; `default` when the files

@@ -6,21 +6,26 @@
 (defun kq_xref_tbl_fldnams () "W1,T1,TYPE,T2,W2,REF,SH,SHDWGNAM,FILENAME,FULLFILENAM")
 (defun kq_xref_tbl_jstlst () "MC,MC,MC,MC,MC,MC,MC,MC,L,L")
 
-;; The set-ups show the given values, each with a label that tells what it is for, and give as many back;
-;; nil when the user cancels.
+;; The set-ups show the given values and give as many back; nil when the user cancels.
 (defun c:kq_xref_setup_graphical (values)
-  (ryp-ask-texts "xref_graphical" "references-graphical"
-    '("graphic" "graphic-style" "contact-map" "references-sort" "references-flags" "references-fill"
-      "unused-style")
+  (ryp-ask-values "xref_graphical" "references-graphical"
+    (append
+      '(("graphic" ("1" . "graphic-contact-map") ("0" . "graphic-from-style")) ("graphic-style") ("contact-map"))
+      (ryp-reference-options))
     values))
 
 (defun c:kq_xref_setup_table (values)
-  (ryp-ask-texts "xref_table" "references-table"
-    '("table-style" "table-title" "table-shown" "table-fields" "table-alignment" "contact-map"
-      "references-sort" "references-flags" "references-fill" "unused-style" "format-same" "format-other")
+  (ryp-ask-values "xref_table" "references-table"
+    (append
+      '(("table-style") ("table-title") ("table-shown") ("table-fields") ("table-alignment") ("contact-map"))
+      (ryp-reference-options)
+      '(("format-same") ("format-other")))
     values))
 
 (defun c:kq_xref_setup_text (values)
-  (ryp-ask-texts "xref_text" "references-text"
-    '("text-between" "references-sort" "references-flags" "references-fill" "unused-style")
-    values))
+  (ryp-ask-values "xref_text" "references-text" (cons '("text-between") (ryp-reference-options)) values))
+
+;; What all of them ask for: whether references are sorted, whether unused contacts show a text, the text,
+;; and the style of these contacts.
+(defun ryp-reference-options ()
+  '(("references-sort" . 1) ("references-flags" . 1) ("references-fill") ("unused-style")))

@@ -12,11 +12,11 @@
   (ryp-ask-text "wire_properties" "wire-properties" properties))
 
 ;; Lets the user edit wire formats by layer, "LAYER=FORMAT;LAYER=FORMAT" with room for two more; the parts
-;; that are not empty, or nil.
-(defun kq_proja_do_wfmt_bylay_setup (setting)
-  (vl-remove ""
-    (ryp-ask-texts "wire_formats" "wire-formats" nil
-      (append (ryp-split setting ";") '("" "")))))
+;; that are not empty, one empty one when there is no other, or nil when the user cancels.
+(defun kq_proja_do_wfmt_bylay_setup (setting / formats)
+  (if (setq formats
+        (ryp-ask-texts "wire_formats" "wire-formats" "wire-format" (append (ryp-split setting ";") '("" ""))))
+    (cond ((vl-remove "" formats)) ('("")))))
 
 ;; Default gaps of wire numbers.
 (defun kq_kqp_get_dwg_WNUM_GAP_settings () "0.0,0.0,0.0")
@@ -30,5 +30,5 @@
 (defun kq_strblk_inline_gap_su (present unused)
   (mapcar 'atof
     (if present
-      (ryp-ask-texts "inline_gap" "inline-gap" nil (mapcar 'vl-princ-to-string present))
+      (ryp-ask-texts "inline_gap" "inline-gap" "gap" (mapcar 'vl-princ-to-string present))
       (ryp-split (kq_kqp_get_dwg_WNUM_GAP_settings) ","))))

@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
-"""Makes the drawings that the host is delivered with, beside this script: the settings block and the ladder
-reference blocks in support/, the template of new drawings in template/.
+"""Makes the files that the host is delivered with, beside this script: the settings block and the ladder
+reference blocks in support/, the template of new drawings and the project whose settings the first new project
+gets in template/.
 
     make_product.py            write all files
     make_product.py --check    write nothing; exit 1 if a file differs
@@ -21,6 +22,7 @@ from settings_defaults import SETTINGS  # noqa: E402
 SPACING = 1.5  # of the settings block's attributes, downwards
 SETTINGS_LAYER = "SETTINGS"
 SHEET_SIZE = (17.0, 11.0)
+OF_DRAWINGS = ("SHEET", "SHEETDWGNAME", "IEC_PROJ", "IEC_INST", "IEC_LOC")
 
 # (name, colour, line type): the layers that the default settings name, those of the product's own blocks and
 # those of the sheet's frame.
@@ -84,12 +86,20 @@ def settings_block():
     return block_file([], attdefs)
 
 
+def default_project():
+    """A project without drawings, with the settings of a drawing without a project but for those that are a
+    drawing's own."""
+    lines = [f"?[{index}]{value}\n" for index, (tag, value) in enumerate(SETTINGS) if tag not in OF_DRAWINGS]
+    return "".join(lines).encode()
+
+
 def build():
     """All files: contents by path in this folder."""
     files = {"support/KQ_M.dwg": settings_block()}
     for block in ladder_blocks.blocks():
         files[f"support/{block.name}.dwg"] = block_file(block.entities, block.attdefs)
     files["template/qdra.dwt"] = Drawing(LAYERS, *SHEET_SIZE).to_bytes()
+    files["template/default.kqp"] = default_project()
     return files
 
 
@@ -103,7 +113,7 @@ def differences(files):
 
 
 def main():
-    parser = argparse.ArgumentParser(description="Makes the drawings that the host is delivered with.")
+    parser = argparse.ArgumentParser(description="Makes the files that the host is delivered with.")
     parser.add_argument("--check", action="store_true", help="only compare, exit 1 on differences")
     files = build()
     if parser.parse_args().check:

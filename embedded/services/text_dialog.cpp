@@ -2,6 +2,7 @@
 
 #include "base/format.h"
 #include "base/text.h"
+#include "embedded/services/host_texts.h"
 #include "toolkit/dialog_script.h"
 #include "toolkit/plain_text.h"
 #include "toolkit/property_sheet.h"
@@ -52,7 +53,8 @@ ryv::CString TextDialog::prompt() const {
 }
 
 bool TextDialog::ask() {
-    terminal_.print(u"(NAME=VALUE fills in, the name of a button presses it, ? shows everything again)\n");
+    terminal_.print(
+        hostText(u"(NAME=VALUE fills in, the name of a button presses it, ? shows everything again)\n"));
     while (dialog_.isOpen()) {
         const std::optional<ryv::CString> line = terminal_.ask(prompt());
         // It may have been closed while the person was typing.

@@ -4,6 +4,7 @@
 #include "base/fold.h"
 #include "base/format.h"
 #include "base/text.h"
+#include "embedded/services/host_texts.h"
 #include "embedded/services/text_dialog.h"
 #include "embedded/services/text_progress.h"
 #include "resources/messages.h"
@@ -146,7 +147,7 @@ const Button* TextUserInterface::choose(const Question& question, const Pressed&
         return button;
     }
     for (auto line = terminal_.ask(question.prompt); line;
-         line = terminal_.ask(u"Please choose one of them: "))
+         line = terminal_.ask(hostText(u"Please choose one of them: ")))
         if (const Button* const button = pressed(*line))
             return button;
     unanswered(question.kind, question.name);
@@ -195,14 +196,15 @@ int TextUserInterface::taskDialog(const ryv::TaskDialogRequest& request) {
                 return &button.id;
         return nullptr;
     };
-    const int* const button = choose<int>({u"task", request.id, prompt + u"Choose: "}, pressed);
+    const int* const button =
+        choose<int>({u"task", request.id, prompt + ryv::CString(hostText(u"Choose: "))}, pressed);
     return button ? *button : idCancel;
 }
 
 std::vector<ryv::CString> TextUserInterface::chooseFiles(const ryv::FileRequest& request) {
     const ryv::CString number = ryv::toText(request.title);
-    const std::optional<ryv::CString> line =
-        answer(u"file", number, request.text + u" (" + request.extension + u"): ");
+    const std::optional<ryv::CString> line = answer(u"file", number,
+        request.text + (request.choosesFolder ? ryv::CString() : u" (" + request.extension + u")") + u": ");
     if (!line)
         unanswered(u"file", number);
     std::vector<ryv::CString> paths;
@@ -221,9 +223,10 @@ std::vector<ryv::CString> TextUserInterface::chooseFiles(const ryv::FileRequest&
 bool TextUserInterface::acceptFile(const ryv::FileRequest& request, ryv::CString& path) {
     if (!request.save) {
         const bool isThere = terminal_.exists(path);
+        const ryv::CStringView kind = request.choosesFolder ? u"folder" : u"file";
         if (!isThere)
             terminal_.warn(
-                ryv::format(u"cancelled, there is no such file: %s\n", {terminal_.shownPath(path)}));
+                ryv::format(u"cancelled, there is no such %s: %s\n", {kind, terminal_.shownPath(path)}));
         return isThere;
     }
     const std::size_t length = request.extension.size();
@@ -238,7 +241,7 @@ bool TextUserInterface::acceptFile(const ryv::FileRequest& request, ryv::CString
 ryv::MessageBoxRequest TextUserInterface::replaceQuestion(ryv::CStringView path) {
     ryv::MessageBoxRequest question;
     question.message = replaceMessage;
-    question.text = ryv::format(u"%s exists already. Replace it?", {path});
+    question.text = ryv::format(hostText(u"%s exists already. Replace it?"), {path});
     question.icon = ryv::MessageIcon::warning;
     question.buttons = MessageButtons::yesNo;
     return question;
@@ -308,7 +311,7 @@ bool TextUserInterface::askForm(ryv::FormRequest& request) {
         if (line->empty() || accept(field, values))
             ++i;
         else
-            terminal_.print(u"\nThat is none of the choices.\n");
+            terminal_.print(hostText(u"\nThat is none of the choices.\n"));
     }
     if (!filled.confirm.empty() && !isConfirmed(filled))
         return false;
@@ -346,7 +349,7 @@ int TextUserInterface::popupMenu(const ryv::Menu& menu, ryv::ScreenPoint) {
     std::optional<ryv::CString> line = answers_.next(u"menu", menu.name());
     const bool fromFile = line.has_value();
     if (!fromFile)
-        line = terminal_.ask(u"Choose: ");
+        line = terminal_.ask(hostText(u"Choose: "));
     while (line && !line->empty() && !ryv::equalNoCase(*line, u"cancel")) {
         if (const ryv::MenuItem* const item = findCommand(menu, *line))
             return item->id;
@@ -354,7 +357,7 @@ int TextUserInterface::popupMenu(const ryv::Menu& menu, ryv::ScreenPoint) {
             doesNotFit(u"menu", menu.name(), *line);
             return 0;
         }
-        line = terminal_.ask(u"Please choose one of them: ");
+        line = terminal_.ask(hostText(u"Please choose one of them: "));
     }
     if (!line)
         unanswered(u"menu", menu.name());

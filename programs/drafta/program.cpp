@@ -1,9 +1,11 @@
 #include "programs/drafta/program.h"
 
+#include "embedded/os/posix_environment.h"
 #include "programs/drafta/display.h"
 #include "programs/drafta/exit_codes.h"
 #include "programs/drafta/session.h"
 #include "programs/drafta/window_session.h"
+#include "resources/language.h"
 
 #include <csignal>
 #include <fcntl.h>
@@ -36,6 +38,8 @@ int run(int argc, char** argv) {
         return std::fputs(helpText(), stdout) < 0 ? inputError : done;
     if (options.mode == Options::Mode::version)
         return std::puts("drafta " DRAFTA_VERSION) < 0 ? inputError : done;
+    PosixEnvironment environment;
+    ryv::setLanguage(ryv::languageOf(environment));
     std::signal(SIGXFSZ, SIG_IGN); // a limit on file sizes is a failure to write, to be reported like others
     switch (options.mode) {
     case Options::Mode::window:

@@ -1,6 +1,7 @@
 #include "programs/drafta/session.h"
 
 #include "base/encoding.h"
+#include "embedded/services/host_texts.h"
 #include "programs/drafta/exit_codes.h"
 #include "programs/drafta/host_signals.h"
 #include "programs/drafta/start_up.h"
@@ -114,7 +115,7 @@ void Session::readConsole() {
 int Session::runConsole() {
     readConsole();
     screen_.beginLine();
-    if (host_.prompt() != u"Command: ")
+    if (host_.prompt() != hostText(u"Command: "))
         complain("the last expression is not closed");
     host_.warnOfChanges();
     return done;

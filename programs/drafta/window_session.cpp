@@ -6,7 +6,9 @@
 #include "embedded/qt/look/outlined_style.h"
 #include "embedded/qt/qt_text.h"
 #include "embedded/qt/qt_wait_cursor.h"
+#include "embedded/qt/translation.h"
 #include "embedded/qt/window/command_pane.h"
+#include "embedded/qt/window/help_window.h"
 #include "embedded/qt/window/host_window.h"
 #include "embedded/qt/window/kept_sizes.h"
 #include "programs/drafta/exit_codes.h"
@@ -41,11 +43,17 @@ public:
           drawings_(host_.mapper()) {
         QApplication::setStyle(new OutlinedStyle);
         QApplication::setApplicationName(QStringLiteral("drafta"));
+        translation_.emplace(application_);
         QApplication::setQuitOnLastWindowClosed(false); // the host decides
         context_.drawings = &drawings_;
         context_.perform = [this](std::function<void()> work) { loop_.perform(std::move(work)); };
         context_.shownPath = [this](ryv::CStringView path) { return toNative(path); };
-        host_.setFrontEnd({&questions_, &waitCursor_, [this] { return questions_.hasOpenDialog(); }});
+        context_.showHelp = [this](
+                                ryv::CStringView topic) { host_.platform().services.help->showTopic(topic); };
+        host_.setFrontEnd({&questions_, &waitCursor_, [this] { return questions_.hasOpenDialog(); },
+            [this](ryv::CStringView file) {
+                HelpWindow::showPage(toNative(file), window_ ? &*window_ : nullptr);
+            }});
         QObject::connect(&loop_, &HostLoop::leaving, [this] { questions_.closeAll(); });
     }
 
@@ -127,6 +135,7 @@ private:
     const Options& options_;
     ApplicationArguments arguments_;
     QApplication application_;
+    std::optional<Translation> translation_;
     HostLoop loop_;
     ViewContext context_;
     std::unique_ptr<Host> hostOwner_;

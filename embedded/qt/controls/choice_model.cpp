@@ -1,11 +1,19 @@
 #include "embedded/qt/controls/choice_model.h"
 
+#include "embedded/qt/look/icons.h"
 #include "embedded/qt/qt_text.h"
 
+#include <QApplication>
 #include <algorithm>
 #include <iterator>
 
 namespace drafta {
+
+QFont markedFont() {
+    QFont font = QApplication::font();
+    font.setBold(true);
+    return font;
+}
 
 void ChoiceModel::setRows(const ryv::Choices& rows) {
     const auto differs = std::mismatch(rows_.begin(), rows_.end(), rows.begin(), rows.end());
@@ -39,10 +47,14 @@ int ChoiceModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant ChoiceModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || role != Qt::DisplayRole)
+    if (!index.isValid())
         return {};
     const ryv::Choice& row = rows_[static_cast<std::size_t>(index.row())];
-    return row.separator ? QString(12, QChar(0x2500)) : toQt(row.text);
+    if (role == Qt::DisplayRole)
+        return row.separator ? QString(12, QChar(0x2500)) : toQt(row.text);
+    if (role == Qt::DecorationRole && row.image != 0)
+        return rowIcon(row.image);
+    return role == Qt::FontRole && row.marked ? QVariant(markedFont()) : QVariant();
 }
 
 Qt::ItemFlags ChoiceModel::flags(const QModelIndex& index) const {

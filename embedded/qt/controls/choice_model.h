@@ -4,8 +4,12 @@
 #include "toolkit/choice.h"
 
 #include <QAbstractListModel>
+#include <QFont>
 
 namespace drafta {
+
+/// Of a row that stands out.
+QFont markedFont();
 
 /// Keeps rows of its own, so that what a view knows changes only with a notice of the model.
 class ChoiceModel final : public QAbstractListModel {

@@ -49,7 +49,9 @@ void ControlLink::takeTexts() {
     const QString tooltip = toQt(control_.tooltip());
     const QString spoken = !label.isEmpty() ? label : !tooltip.isEmpty() ? tooltip : toQt(control_.name());
     widget_.setAccessibleName(spoken);
-    widget_.setAccessibleDescription(tooltip == spoken ? QString() : tooltip);
+    const QString warning = toQt(control_.warning());
+    const QString explained = tooltip == spoken ? QString() : tooltip;
+    widget_.setAccessibleDescription(warning.isEmpty() ? explained : warning + u'\n' + explained);
     widget_.setToolTip(asTooltip(control_.tooltip()));
 }
 

@@ -23,6 +23,8 @@ struct ViewContext {
     };
     /// Shows a module's path to people.
     std::function<QString(ryv::CStringView path)> shownPath;
+    /// Shows a topic of the help.
+    std::function<void(ryv::CStringView topic)> showHelp;
 };
 
 /// A widget that shows a control and hands on what the user does; it follows the model until either is gone,

@@ -1,5 +1,6 @@
 #include "embedded/qt/controls/grid_model.h"
 
+#include "embedded/qt/look/theme.h"
 #include "embedded/qt/qt_text.h"
 
 #include <QFont>
@@ -36,10 +37,12 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid())
         return {};
     const Row& row = rows_[static_cast<std::size_t>(index.row())];
-    if (role == Qt::DisplayRole)
+    if (role == Qt::DisplayRole || role == Qt::ToolTipRole) // a column may be too narrow
         return toQt(row.texts[static_cast<std::size_t>(index.column())]);
     if (role == Qt::AccessibleDescriptionRole && row.marked)
         return QStringLiteral("marked");
+    if (role == Qt::BackgroundRole && row.marked)
+        return currentTheme().markedBase;
     if (role != Qt::FontRole || !row.marked)
         return {};
     QFont bold;

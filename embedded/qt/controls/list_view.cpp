@@ -40,10 +40,18 @@ protected:
     void selectionChanged(const QItemSelection& now, const QItemSelection& before) override {
         QListView::selectionChanged(now, before);
         if (link_ && !link_->isTaking())
-            link_->forward(context_, [this] { list_.choose(selectedRows()); });
+            link_->forward(context_, [this] { list_.choose(selectedByUser()); });
     }
 
 private:
+    /// Of the rows that a search hides, those that were chosen before: nobody has seen the others.
+    std::vector<std::size_t> selectedByUser() const {
+        std::vector<std::size_t> rows = selectedRows();
+        std::erase_if(rows,
+            [this](std::size_t row) { return isRowHidden(static_cast<int>(row)) && !list_.isChosen(row); });
+        return rows;
+    }
+
     std::vector<std::size_t> selectedRows() const {
         std::vector<std::size_t> rows;
         for (const QItemSelectionRange& range : selectionModel()->selection())

@@ -3,6 +3,7 @@
 #include "embedded/qt/controls/control_link.h"
 #include "embedded/qt/controls/control_views.h"
 #include "embedded/qt/controls/label_texts.h"
+#include "embedded/qt/dialogs/kept_size.h"
 #include "embedded/qt/dialogs/scrolled_content.h"
 #include "embedded/qt/look/theme.h"
 #include "embedded/qt/qt_text.h"
@@ -13,14 +14,16 @@
 #include <QKeyEvent>
 #include <QPointer>
 #include <QPushButton>
-#include <QScreen>
+#include <QShortcut>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace drafta {
 
 namespace {
 
+constexpr int lettersOfPath = 84;       // with the name in front of it
 constexpr double partForContent = 0.75; // of the screen; the rest is for buttons and the window's frame
 
 QDialogButtonBox::ButtonRole roleOf(const ryv::Button& button) {
@@ -32,10 +35,17 @@ QDialogButtonBox::ButtonRole roleOf(const ryv::Button& button) {
 }
 
 bool canHoldKeyboard(const ryv::Control& control) {
-    if (!control.isUsable() || control.kind() == ryv::ControlKind::label)
+    if (!control.isUsable() || control.kind() == ryv::ControlKind::label ||
+        control.kind() == ryv::ControlKind::button)
         return false;
     const auto* const field = dynamic_cast<const ryv::TextField*>(&control);
     return !field || !field->isReadOnly();
+}
+
+/// The keyboard scrolls it.
+bool isLongText(const ryv::Control& control) {
+    const auto* const field = dynamic_cast<const ryv::TextField*>(&control);
+    return field && field->isUsable() && field->isReadOnly() && field->isMultiLine();
 }
 
 } // namespace
@@ -97,7 +107,20 @@ void DialogWindow::addPages(QVBoxLayout& rows, ryv::PropertySheet& sheet) {
         if (page != sheet_->activePage())
             context_.perform([this, page] { sheet_->turnTo(page); });
     });
+    addTurning(QKeySequence::NextChild, 1);
+    addTurning(QKeySequence::PreviousChild, -1);
+    addTurning(Qt::CTRL | Qt::Key_PageDown, 1);
+    addTurning(Qt::CTRL | Qt::Key_PageUp, -1);
     rows.addWidget(pages_, 1);
+}
+
+/// From wherever the keyboard is in the sheet.
+void DialogWindow::addTurning(const QKeySequence& keys, int step) {
+    auto* const shortcut = new QShortcut(keys, this);
+    connect(shortcut, &QShortcut::activated, this, [this, step] {
+        const int count = pages_->count();
+        pages_->setCurrentIndex((pages_->currentIndex() + count + step) % count);
+    });
 }
 
 void DialogWindow::addButtons(QVBoxLayout& rows) {
@@ -127,7 +150,7 @@ void DialogWindow::perform(const std::function<void()>& work) {
 }
 
 void DialogWindow::run() {
-    openWithSize();
+    const KeptSize kept(*this, sizes_, usualSize());
     show();
     takeDefaultButton(); // the button box has chosen one of its own
     if (dialog_.focus() != 0)
@@ -136,7 +159,6 @@ void DialogWindow::run() {
         focusFirst();
     while (dialog_.isOpen() && !brokenOff_)
         loop_.exec();
-    keepSize();
     hide();
     if (failure_)
         std::rethrow_exception(std::exchange(failure_, nullptr));
@@ -152,6 +174,10 @@ void DialogWindow::reject() {
 }
 
 void DialogWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::HelpContents) && !dialog_.helpTopic().empty() && context_.showHelp) {
+        context_.showHelp(dialog_.helpTopic());
+        return;
+    }
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
         QDialog::keyPressEvent(event);
         return;
@@ -231,31 +257,34 @@ void DialogWindow::noteFocus(QWidget* widget) {
     }
 }
 
+/// A field rather than a text that is read, and that rather than a button; the default button where there is
+/// neither.
 void DialogWindow::focusFirst() {
+    if (focusFirst(canHoldKeyboard) || focusFirst(isLongText))
+        return;
+    const auto button = views_.find(dialog_.defaultButton());
+    if (button != views_.end())
+        button->second->setFocus(Qt::TabFocusReason);
+}
+
+bool DialogWindow::focusFirst(bool (*takes)(const ryv::Control&)) {
     for (const ryv::Control* const control : dialog_.controls()) {
         const auto found = views_.find(control->id());
-        if (found == views_.end() || !canHoldKeyboard(*control) || !found->second->isVisible())
+        if (found == views_.end() || !takes(*control) || !found->second->isVisible())
             continue;
         found->second->setFocus(Qt::TabFocusReason);
-        return;
+        return true;
     }
+    return false;
 }
 
-void DialogWindow::openWithSize() {
-    const QString name = objectName();
-    QSize size = sizeHint().expandedTo(minimumSizeHint());
-    if (const QSize kept = name.isEmpty() || !sizes_.get ? QSize() : sizes_.get(name); kept.isValid())
-        size = kept.expandedTo(minimumSizeHint());
-    if (const QScreen* const on = screen())
-        size = size.boundedTo(on->availableSize() * 0.95);
-    resize(size);
-    opened_ = this->size();
-}
-
-/// Only what somebody has chosen: the usual size follows the content.
-void DialogWindow::keepSize() {
-    if (!objectName().isEmpty() && sizes_.set && size() != opened_)
-        sizes_.set(objectName(), size());
+/// Wide enough for a path, as far as there are fields to hold one.
+QSize DialogWindow::usualSize() const {
+    const QSize size = sizeHint().expandedTo(minimumSizeHint());
+    const auto& controls = dialog_.controls();
+    const bool hasField = std::any_of(controls.begin(), controls.end(),
+        [](const ryv::Control* control) { return control->kind() == ryv::ControlKind::text; });
+    return hasField ? size.expandedTo({fontMetrics().averageCharWidth() * lettersOfPath, 0}) : size;
 }
 
 } // namespace drafta

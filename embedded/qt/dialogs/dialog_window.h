@@ -50,10 +50,11 @@ private:
     void takeDefaultButton();
     void noteFocus(QWidget* widget);
     void focusFirst();
+    bool focusFirst(bool (*takes)(const ryv::Control&));
+    void addTurning(const QKeySequence& keys, int step);
+    QSize usualSize() const;
     bool mayPress(int button);
     void pressDefault();
-    void openWithSize();
-    void keepSize();
 
     ryv::Dialog& dialog_;
     ryv::PropertySheet* sheet_;
@@ -63,7 +64,6 @@ private:
     ControlViews views_;
     QTabWidget* pages_ = nullptr;
     QEventLoop loop_;
-    QSize opened_; // the size that it was shown with
     std::exception_ptr failure_;
     bool brokenOff_ = false;
     ryv::Subscription rearrangements_;

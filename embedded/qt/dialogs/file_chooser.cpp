@@ -13,9 +13,12 @@ FileChooser::FileChooser(
     setOption(DontConfirmOverwrite);
     setAcceptMode(choice.save ? AcceptSave : AcceptOpen);
     setFileMode(choice.save ? AnyFile : choice.many ? ExistingFiles : ExistingFile);
+    if (choice.choosesFolder) {
+        setFileMode(Directory);
+        setOption(ShowDirsOnly);
+    }
     if (!choice.extension.isEmpty())
-        setNameFilter(
-            QStringLiteral("%1 files (*%2)").arg(choice.extension.mid(1).toUpper(), choice.extension));
+        setNameFilter(tr("%1 files (*%2)").arg(choice.extension.mid(1).toUpper(), choice.extension));
     if (!choice.name.isEmpty())
         selectFile(choice.name);
 }

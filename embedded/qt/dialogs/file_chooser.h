@@ -13,6 +13,7 @@ struct FileChoice {
     QString extension; ///< ".kqp"; empty: all files are shown
     bool save = false;
     bool many = false;
+    bool choosesFolder = false;
 };
 
 class FileChooser final : public QFileDialog {

@@ -24,6 +24,9 @@ using ryv::FormField;
 
 constexpr double partForFields = 0.75;  // of the screen; the rest is for buttons and the window's frame
 constexpr std::size_t mostInCombo = 25; // more of them are searched rather than scrolled
+// How much of a text is seen at once, whatever stands in front of it.
+constexpr qsizetype fewestLetters = 30;
+constexpr qsizetype mostLetters = 60;
 
 ryv::CString firstOf(const ryv::CStringArray& values) {
     return values.empty() ? ryv::CString() : values[0];
@@ -60,8 +63,8 @@ QWidget* FormWindow::makeFields(const ryv::FormRequest& request) {
 QWidget* FormWindow::makeButtons(const ryv::FormRequest& request) {
     auto* const box = new QDialogButtonBox(this);
     QPushButton* const confirm =
-        box->addButton(buttonText(request.confirm, QStringLiteral("OK")), QDialogButtonBox::AcceptRole);
-    box->addButton(buttonText(request.cancel, QStringLiteral("Cancel")), QDialogButtonBox::RejectRole);
+        box->addButton(buttonText(request.confirm, tr("OK")), QDialogButtonBox::AcceptRole);
+    box->addButton(buttonText(request.cancel, tr("Cancel")), QDialogButtonBox::RejectRole);
     confirm->setDefault(true);
     connect(box, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(box, &QDialogButtonBox::rejected, this, &QDialog::reject);
@@ -84,7 +87,10 @@ void FormWindow::addField(const FormField& field, QFormLayout& rows) {
 }
 
 FormWindow::Reader FormWindow::addText(const FormField& field, const QString& label, QFormLayout& rows) {
-    auto* const line = new QLineEdit(toQt(firstOf(field.values)), this);
+    const QString text = toQt(firstOf(field.values));
+    auto* const line = new QLineEdit(text, this);
+    const qsizetype letters = std::clamp<qsizetype>(text.size() + 2, fewestLetters, mostLetters);
+    line->setMinimumWidth(fontMetrics().averageCharWidth() * static_cast<int>(letters));
     rows.addRow(label + u':', line);
     return [line] { return ryv::CStringArray{fromQt(line->text())}; };
 }

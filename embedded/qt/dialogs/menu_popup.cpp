@@ -1,5 +1,6 @@
 #include "embedded/qt/dialogs/menu_popup.h"
 
+#include "embedded/qt/look/icons.h"
 #include "embedded/qt/qt_text.h"
 
 namespace drafta {
@@ -10,6 +11,8 @@ void addCommand(QMenu& menu, const ryv::MenuItem& item, bool isDefault) {
     QAction* const action = menu.addAction(toQt(item.text));
     action->setData(item.id);
     action->setEnabled(item.enabled);
+    if (item.image != 0)
+        action->setIcon(rowIcon(item.image));
     action->setCheckable(item.checked);
     action->setChecked(item.checked);
     if (isDefault)

@@ -20,17 +20,17 @@ QuestionButton buttonOf(Answer answer) {
     const int id = static_cast<int>(answer);
     switch (answer) {
     case Answer::ok:
-        return {id, QStringLiteral("OK"), Role::AcceptRole};
+        return {id, QObject::tr("OK"), Role::AcceptRole};
     case Answer::yes:
-        return {id, QStringLiteral("&Yes"), Role::YesRole};
+        return {id, QObject::tr("&Yes"), Role::YesRole};
     case Answer::no:
-        return {id, QStringLiteral("&No"), Role::NoRole};
+        return {id, QObject::tr("&No"), Role::NoRole};
     case Answer::retry:
-        return {id, QStringLiteral("&Retry"), Role::AcceptRole};
+        return {id, QObject::tr("&Retry"), Role::AcceptRole};
     case Answer::cancel:
         break;
     }
-    return {id, QStringLiteral("Cancel"), Role::RejectRole};
+    return {id, QObject::tr("Cancel"), Role::RejectRole};
 }
 
 std::vector<Answer> offered(ryv::MessageButtons buttons) {

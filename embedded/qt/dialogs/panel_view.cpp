@@ -2,6 +2,7 @@
 
 #include "embedded/qt/controls/control_link.h"
 #include "embedded/qt/controls/label_texts.h"
+#include "embedded/qt/controls/row_search.h"
 #include "embedded/qt/look/theme.h"
 #include "embedded/qt/qt_text.h"
 #include "toolkit/text_field.h"
@@ -19,6 +20,8 @@ namespace {
 using ryv::Control;
 using ryv::ControlKind;
 using Row = std::vector<Control*>;
+
+constexpr std::size_t lettersOfBrief = 16; // what a field is wide enough for that asks for no more
 
 std::vector<Row> rowsOf(const ryv::Panel& panel) {
     std::vector<Row> rows;
@@ -63,10 +66,35 @@ bool isNamedBeside(const Control& control) {
     return isField && !isTall(control) && !control.label().empty();
 }
 
+bool isBrief(const Control& control) {
+    const auto* const field = dynamic_cast<const ryv::TextField*>(&control);
+    return field && !field->isMultiLine() &&
+           (field->isBrief() || (field->maxLength() > 0 && field->maxLength() <= lettersOfBrief));
+}
+
 bool takesWidth(const Control& control) {
     const ControlKind kind = control.kind();
-    return kind == ControlKind::text || kind == ControlKind::combo || kind == ControlKind::label ||
-           kind == ControlKind::notice || isTall(control);
+    return !isBrief(control) &&
+           (kind == ControlKind::text || kind == ControlKind::combo || kind == ControlKind::label ||
+               kind == ControlKind::notice || isTall(control));
+}
+
+/// Several fields, each with its name: they stand in columns, one below the other from row to row.
+bool isRowOfFields(const Row& row) {
+    return row.size() > 1 && std::all_of(row.begin(), row.end(), [](const Control* control) {
+        return isNamedBeside(*control) && control->kind() != ControlKind::radio;
+    });
+}
+
+/// What is doubtful about the values of a row, each with its field's name where there are several.
+QString warningsOf(const Row& row) {
+    QStringList lines;
+    const auto fields =
+        std::count_if(row.begin(), row.end(), [](const Control* control) { return isNamedBeside(*control); });
+    for (const Control* const control : row)
+        if (const QString warning = toQt(control->warning()); !warning.isEmpty() && control->isVisible())
+            lines += fields <= 1 ? warning : spokenLabel(*control) + QStringLiteral(": ") + warning;
+    return lines.join(u'\n');
 }
 
 class PanelBuilder {
@@ -83,9 +111,15 @@ public:
         const int line = line_++;
         const bool tall = hasTall(row);
         const bool beside = isNamedBeside(*row.front()) && !tall;
+        if (isRowOfFields(row)) {
+            addFields(row, line);
+            addWarnings(row);
+            return;
+        }
         QLayout* const fields = tall ? tallFields(row) : fieldsOf(row, beside);
+        addWarnings(row);
         if (!beside) {
-            grid_->addLayout(fields, line, 0, 1, 2);
+            grid_->addLayout(fields, line, 0, 1, -1);
             return;
         }
         QLabel* const label = labelOf(*row.front());
@@ -93,10 +127,36 @@ public:
         if (radio) // on one line with the first choice
             label->setMinimumHeight(QRadioButton().sizeHint().height());
         grid_->addWidget(label, line, 0, radio ? Qt::AlignTop : Qt::AlignVCenter);
-        grid_->addLayout(fields, line, 1);
+        grid_->addLayout(fields, line, 1, 1, -1);
     }
 
 private:
+    void addFields(const Row& row, int line) {
+        int column = 0;
+        for (Control* const control : row) {
+            grid_->addWidget(labelOf(*control), line, column);
+            grid_->addWidget(viewOf(*control), line, column + 1,
+                isBrief(*control) ? Qt::AlignLeft | Qt::AlignVCenter : Qt::Alignment());
+            grid_->setColumnStretch(column + 1, 1);
+            column += 2;
+        }
+    }
+
+    /// A line below the row, which is there while it has something to say.
+    void addWarnings(const Row& row) {
+        auto* const text = new QLabel(&panel_);
+        text->setTextFormat(Qt::PlainText);
+        text->setForegroundRole(QPalette::BrightText); // the theme's colour for warnings
+        text->setWordWrap(true);
+        text->hide();
+        grid_->addWidget(text, line_++, 1, 1, -1);
+        for (Control* const control : row)
+            follow(*text, *control, [text, row] {
+                text->setText(warningsOf(row));
+                if (text->isHidden() != text->text().isEmpty())
+                    text->setHidden(text->text().isEmpty());
+            });
+    }
     QWidget* viewOf(Control& control) {
         QWidget*& view = views_[control.id()];
         if (!view)
@@ -155,6 +215,8 @@ private:
         view->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
         if (QLabel* const label = makeFieldLabel(control, *view, &panel_))
             column->addWidget(label);
+        if (QWidget* const search = makeRowSearch(control, *view, &panel_))
+            column->addWidget(search);
         column->addWidget(view, 1);
         return column;
     }
@@ -195,20 +257,42 @@ QWidget* makePanelView(const ryv::Panel& panel, ViewContext& context, ControlVie
 
 namespace {
 
+/// What stands in front of the fields of a line; null for none.
+const QLayoutItem* nameIn(const QGridLayout& grid, int line) {
+    const QLayoutItem* const item = grid.itemAtPosition(line, 0);
+    return item != grid.itemAtPosition(line, 1) ? item : nullptr;
+}
+
+/// How far a panel's content is from its left edge.
+int insetOf(const QGridLayout& grid) {
+    return grid.contentsMargins().left() + grid.parentWidget()->contentsMargins().left();
+}
+
+/// The fields of panels below each other begin at one place, as if they stood in one panel.
+void alignFields(const std::vector<QGridLayout*>& grids) {
+    int begin = 0;
+    for (const QGridLayout* const grid : grids)
+        for (int line = 0; line < grid->rowCount(); ++line)
+            if (const QLayoutItem* const name = nameIn(*grid, line))
+                begin = std::max(begin, insetOf(*grid) + name->sizeHint().width());
+    for (QGridLayout* const grid : grids)
+        grid->setColumnMinimumWidth(0, std::max(0, begin - insetOf(*grid)));
+}
+
 /// Panels beside each other. Those that can use the height get the width, too; what is small stands in the
 /// middle beside them, as the buttons between two lists do.
 void addPanelRow(const std::vector<const ryv::Panel*>& panels, ViewContext& context, ControlViews& views,
-    QHBoxLayout& row, QWidget* parent) {
+    QHBoxLayout& row, QWidget* parent, std::vector<QGridLayout*>& alone) {
     const bool anyTall =
         std::any_of(panels.begin(), panels.end(), [](const ryv::Panel* panel) { return hasTall(*panel); });
     row.setSpacing(metrics::margin);
     for (const ryv::Panel* const panel : panels) {
         const bool tall = hasTall(*panel);
         const bool small = anyTall && !tall && panel->title().empty();
-        row.addWidget(makePanelView(*panel, context, views, parent), small ? 0 : 1,
-            tall    ? Qt::Alignment()
-            : small ? Qt::AlignVCenter
-                    : Qt::AlignTop);
+        QWidget* const view = makePanelView(*panel, context, views, parent);
+        if (panels.size() == 1)
+            alone.push_back(qobject_cast<QGridLayout*>(view->layout()));
+        row.addWidget(view, small ? 0 : 1, tall ? Qt::Alignment() : small ? Qt::AlignVCenter : Qt::AlignTop);
     }
 }
 
@@ -217,6 +301,7 @@ void addPanelRow(const std::vector<const ryv::Panel*>& panels, ViewContext& cont
 bool addPanels(const std::vector<ryv::Panel*>& panels, ViewContext& context, ControlViews& views,
     QVBoxLayout& rows, QWidget* parent) {
     bool anyTall = false;
+    std::vector<QGridLayout*> alone;
     for (std::size_t at = 0; at < panels.size();) {
         std::vector<const ryv::Panel*> beside{panels[at++]};
         while (at < panels.size() && panels[at]->isOnSameRow())
@@ -225,9 +310,10 @@ bool addPanels(const std::vector<ryv::Panel*>& panels, ViewContext& context, Con
             beside.begin(), beside.end(), [](const ryv::Panel* panel) { return hasTall(*panel); });
         auto* const row = new QHBoxLayout;
         rows.addLayout(row, tall ? 1 : 0);
-        addPanelRow(beside, context, views, *row, parent);
+        addPanelRow(beside, context, views, *row, parent, alone);
         anyTall = anyTall || tall;
     }
+    alignFields(alone);
     return anyTall;
 }
 

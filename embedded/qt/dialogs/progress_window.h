@@ -11,6 +11,8 @@
 class QDialog;
 class QLabel;
 class QProgressBar;
+class QString;
+class QVBoxLayout;
 class QWidget;
 
 namespace drafta {
@@ -33,6 +35,8 @@ public:
 
 private:
     void open();
+    void addTexts(QVBoxLayout& rows);
+    QString placeAt(std::size_t done) const;
     void show();
     void letAnswer();
 
@@ -42,7 +46,12 @@ private:
     std::int64_t answered_;
     QPointer<QDialog> window_;
     QLabel* item_ = nullptr;
+    QLabel* place_ = nullptr;
     QProgressBar* bar_ = nullptr;
 };
+
+/// Whether an event's receiver is part of the progress window that stands in front of all others, or is its
+/// window on the screen.
+bool belongsToProgress(const QObject* receiver);
 
 } // namespace drafta

@@ -5,6 +5,7 @@
 #include "embedded/qt/dialogs/dialog_window.h"
 #include "embedded/qt/dialogs/file_chooser.h"
 #include "embedded/qt/dialogs/form_window.h"
+#include "embedded/qt/dialogs/kept_size.h"
 #include "embedded/qt/dialogs/menu_popup.h"
 #include "embedded/qt/dialogs/message_contents.h"
 #include "embedded/qt/dialogs/question_window.h"
@@ -104,8 +105,8 @@ std::vector<ryv::CString> QtUserInterface::filesFromWindow(
     const auto mayReplaceFile = [this](
                                     const QString& path) { return mayReplace(options_.toModulePath(path)); };
     const QString folder = request.folder.empty() ? QString() : options_.toNative(request.folder);
-    FileChooser window(
-        {toQt(request.text), folder, toQt(request.name), toQt(request.extension), request.save, request.many},
+    FileChooser window({toQt(request.text), folder, toQt(request.name), toQt(request.extension), request.save,
+                           request.many, request.choosesFolder},
         request.confirmsReplacing ? std::function<bool(const QString&)>(mayReplaceFile) : nullptr, parent());
     standing.closeWith([&window] { window.breakOff(); });
     std::vector<ryv::CString> paths;
@@ -120,6 +121,7 @@ bool QtUserInterface::fillForm(ryv::FormRequest& request) {
         [&](auto& standing) {
             FormWindow window(request, parent());
             standing.closeWith([&window] { window.reject(); });
+            const KeptSize kept(window, options_.sizes);
             return window.ask(request);
         });
 }
@@ -143,10 +145,10 @@ int QtUserInterface::runInWindow(ryv::Dialog& dialog, OpenQuestions::Standing& s
     return dialog.result();
 }
 
-QPoint QtUserInterface::placeOf(ryv::ScreenPoint place) const {
+QPoint QtUserInterface::placeOf(ryv::ScreenPoint place, QSize menu) const {
     if (place != ryv::ScreenPoint::atControl())
         return {place.x, place.y};
-    return lastUsed_.placeBelow().value_or(QCursor::pos());
+    return lastUsed_.placeFor(menu).value_or(QCursor::pos());
 }
 
 int QtUserInterface::popupMenu(const ryv::Menu& menu, ryv::ScreenPoint place) {
@@ -156,7 +158,7 @@ int QtUserInterface::popupMenu(const ryv::Menu& menu, ryv::ScreenPoint place) {
             QMenu popup(parent());
             fillMenu(popup, menu);
             standing.closeWith([&popup] { popup.close(); });
-            return commandOf(popup.exec(placeOf(place)));
+            return commandOf(popup.exec(placeOf(place, popup.sizeHint())));
         });
 }
 

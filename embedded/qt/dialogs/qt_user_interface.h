@@ -2,7 +2,7 @@
 #pragma once
 
 #include "embedded/qt/controls/control_view.h"
-#include "embedded/qt/dialogs/last_used_button.h"
+#include "embedded/qt/dialogs/last_used_control.h"
 #include "embedded/qt/dialogs/open_questions.h"
 #include "embedded/qt/dialogs/progress_window.h"
 #include "embedded/qt/dialogs/window_sizes.h"
@@ -60,13 +60,13 @@ private:
     std::vector<ryv::CString> filesFromWindow(
         const ryv::FileRequest& request, OpenQuestions::Standing& standing);
     int runInWindow(ryv::Dialog& dialog, OpenQuestions::Standing& standing);
-    QPoint placeOf(ryv::ScreenPoint place) const;
+    QPoint placeOf(ryv::ScreenPoint place, QSize menu) const;
 
     TextUserInterface& text_;
     ViewContext& context_;
     QtUserInterfaceOptions options_;
     OpenQuestions questions_;
-    LastUsedButton lastUsed_;
+    LastUsedControl lastUsed_;
     ProgressSite progress_;
 };
 

@@ -52,8 +52,8 @@ SearchList::SearchList(
 
 void SearchList::addSearch(QVBoxLayout& rows) {
     auto* const search = new QLineEdit(this);
-    search->setPlaceholderText(QStringLiteral("Find"));
-    search->setAccessibleName(QStringLiteral("Find in the list"));
+    search->setPlaceholderText(tr("Find"));
+    search->setAccessibleName(tr("Find in the list"));
     search->setClearButtonEnabled(true);
     if (const QIcon icon = themeIcon("search"); !icon.isNull())
         search->addAction(icon, QLineEdit::LeadingPosition);
@@ -69,8 +69,8 @@ void SearchList::addTools(QVBoxLayout& rows) {
         connect(button, &QPushButton::clicked, this, [this, ticks] { tickShown(ticks); });
         tools->addWidget(button);
     };
-    add(QStringLiteral("&All"), true);
-    add(QStringLiteral("&None"), false);
+    add(tr("&All"), true);
+    add(tr("&None"), false);
     count_ = new QLabel(this);
     tools->addStretch(1);
     tools->addWidget(count_);
@@ -104,7 +104,7 @@ void SearchList::noteTick(const QListWidgetItem& item) {
 
 void SearchList::tellCount() {
     if (count_)
-        count_->setText(QStringLiteral("%1 of %2 chosen").arg(order_.size()).arg(choices_.size()));
+        count_->setText(tr("%1 of %2 chosen").arg(order_.size()).arg(choices_.size()));
 }
 
 ryv::CStringArray SearchList::chosen() const {

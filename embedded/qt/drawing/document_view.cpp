@@ -21,8 +21,7 @@ void DocumentView::refresh() {
         shown_.reset();
         return setDrawing(nullptr);
     }
-    setAccessibleName(
-        QStringLiteral("Drawing %1").arg(toQt(ryv::paths::findFileName(ryv::CStringView(document->name)))));
+    setAccessibleName(tr("Drawing %1").arg(toQt(ryv::paths::findFileName(ryv::CStringView(document->name)))));
     const DrawingContent& content = document->drawing->content();
     if (shown_ == content.revision() || !isVisible())
         return;

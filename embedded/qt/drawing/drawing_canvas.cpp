@@ -22,7 +22,7 @@ constexpr double nearest = 1e5, farthest = 0.02; // of the size at which all is 
 DrawingCanvas::DrawingCanvas(QWidget* parent) : QWidget(parent) {
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setAccessibleName(QStringLiteral("Drawing"));
+    setAccessibleName(tr("Drawing"));
     describe();
 }
 
@@ -48,14 +48,13 @@ void DrawingCanvas::setMessage(const QString& message) {
 }
 
 QString DrawingCanvas::shownMessage() const {
-    return scene_ && scene_->list().size() == 0 ? QStringLiteral("There is nothing in this drawing.")
-                                                : message_;
+    return scene_ && scene_->list().size() == 0 ? tr("There is nothing in this drawing.") : message_;
 }
 
 void DrawingCanvas::describe() {
     setAccessibleDescription(isEmpty() ? shownMessage()
-                                       : QStringLiteral("Arrow keys move the drawing, plus and minus zoom, F "
-                                                        "shows all of it."));
+                                       : tr("Arrow keys move the drawing, plus and minus zoom, F "
+                                            "shows all of it."));
 }
 
 void DrawingCanvas::fit() {
@@ -117,7 +116,7 @@ void DrawingCanvas::paintMessage(QPainter& painter) const {
 void DrawingCanvas::paintNotice(QPainter& painter) const {
     if (!scene_->list().isCut)
         return;
-    const QString text = QStringLiteral("This drawing is too large to be shown whole.");
+    const QString text = tr("This drawing is too large to be shown whole.");
     QRect box = painter.fontMetrics().boundingRect(text).adjusted(
         -metrics::gap, -metrics::gap / 2, metrics::gap, metrics::gap / 2);
     box.moveBottomLeft(rect().bottomLeft());

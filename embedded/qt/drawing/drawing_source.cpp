@@ -1,7 +1,10 @@
 #include "embedded/qt/drawing/drawing_source.h"
+#include "base/format.h"
 #include "base/text.h"
 #include "embedded/drawings/drawing_file.h"
 #include "embedded/os/posix_files.h"
+#include "embedded/services/host_texts.h"
+#include "resources/file_reasons.h"
 
 #include <algorithm>
 #include <list>
@@ -27,7 +30,7 @@ DrawingReading failure(CString problem) {
 
 DrawingReading tooBig(std::uint64_t bytes) {
     const auto megabytes = static_cast<long long>(bytes >> 20);
-    return failure(u"This drawing is too big to preview (" + ryv::toText(megabytes) + u" MB).");
+    return failure(ryv::format(hostText(u"This drawing is too big to preview (%d MB)."), {megabytes}));
 }
 
 /// What the reader of drawings says, without the file that it begins with.
@@ -35,8 +38,8 @@ CString reasonOf(CStringView problem, CStringView path) {
     if (problem.starts_with(path))
         problem.remove_prefix(path.size());
     if (problem.starts_with(u": "))
-        return CString(problem.substr(2)) + u".";
-    return u"line " + CString(problem.substr(problem.starts_with(u":") ? 1 : 0)) + u".";
+        return CString(problem.substr(2));
+    return ryv::format(hostText(u"line %s"), {problem.substr(problem.starts_with(u":") ? 1 : 0)});
 }
 
 class FileDrawingReader final : public DrawingReader {
@@ -47,10 +50,10 @@ public:
         ryv::FileInformation information;
         const ryv::FileStatus status = files_.information(path, information);
         if (status.error == ryv::FileError::missing || status.error == ryv::FileError::notFolder)
-            return failure(u"The file of this drawing is missing.");
+            return failure(CString(hostText(u"The file of this drawing is missing.")));
         if (!status.ok())
             return failure(
-                u"This drawing cannot be read: " + ryv::fromAscii(ryv::describe(status.error)) + u".");
+                ryv::format(hostText(u"This drawing cannot be read: %s."), {ryv::fileReason(status.error)}));
         if (information.size > FileDrawingSource::largestFile)
             return tooBig(information.size);
         if (auto list = recall(path, information))
@@ -80,7 +83,8 @@ private:
         ryv::DrawingResult result;
         const std::optional<DrawingContent> content = readDrawing(files_, path, fingerprint, result);
         if (!content)
-            return failure(u"This drawing cannot be read: " + reasonOf(result.problem, path));
+            return failure(
+                ryv::format(hostText(u"This drawing cannot be read: %s."), {reasonOf(result.problem, path)}));
         auto list = std::make_shared<const DisplayList>(makeDisplayList(*content));
         remember({CString(path), information, list});
         return {std::move(list), {}};

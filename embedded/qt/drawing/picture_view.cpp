@@ -19,9 +19,9 @@ PictureView::PictureView(ryv::Picture& picture, ViewContext& context, QWidget* p
     patience_.setInterval(patienceMilliseconds);
     connect(&patience_, &QTimer::timeout, this, [this] {
         setDrawing(nullptr);
-        setMessage(QStringLiteral("Reading\u2026"));
+        setMessage(tr("Reading..."));
     });
-    setMessage(QStringLiteral("Select a drawing to see it here."));
+    setMessage(tr("Select a drawing to see it here."));
     changed_ = picture_.changed.subscribe([this](const ryv::Control&) { follow(); });
     follow();
 }
@@ -50,13 +50,13 @@ void PictureView::takeVisibility() {
 void PictureView::followDrawing() {
     wanted_ = picture_.drawing();
     const QString name = toQt(ryv::paths::findFileName(ryv::CStringView(wanted_)));
-    setAccessibleName(name.isEmpty() ? QStringLiteral("Preview") : QStringLiteral("Preview of %1").arg(name));
+    setAccessibleName(name.isEmpty() ? tr("Preview") : tr("Preview of %1").arg(name));
     patience_.stop();
     if (!wanted_.empty())
         return rest_.start();
     rest_.stop();
     setDrawing(nullptr);
-    setMessage(QStringLiteral("Select a drawing to see it here."));
+    setMessage(tr("Select a drawing to see it here."));
 }
 
 void PictureView::ask() {

@@ -1,12 +1,16 @@
 #include "embedded/qt/look/icons.h"
 
 #include "embedded/qt/look/theme.h"
+#include "toolkit/images.h"
 
 #include <QFile>
 #include <QIconEngine>
 #include <QPainter>
 #include <QPixmapCache>
 #include <QSvgRenderer>
+#include <algorithm>
+#include <iterator>
+#include <utility>
 
 /// Resources of a static library come in when somebody asks for them; that is a matter of the outermost
 /// namespace.
@@ -78,6 +82,17 @@ QIcon themeIcon(const char* name) {
 QIcon treeIcon(int image) {
     static constexpr const char* names[] = {"project", "drawing", "reference", "subfolder"};
     return image >= 0 && image < 4 ? themeIcon(names[image]) : QIcon();
+}
+
+QIcon rowIcon(int image) {
+    namespace images = ryv::images;
+    static constexpr std::pair<int, const char*> names[] = {{images::project, "project"},
+        {images::ownLock, "lockown"}, {images::locked, "lock"}, {images::readOnly, "readonly"},
+        {images::missing, "missing"}, {images::pinned, "pin"}, {images::newProject, "newproj"},
+        {images::openProject, "openproj"}, {images::recent, "recent"}};
+    const auto* const hit = std::find_if(
+        std::begin(names), std::end(names), [image](const auto& each) { return each.first == image; });
+    return hit == std::end(names) ? QIcon() : themeIcon(hit->second);
 }
 
 } // namespace drafta

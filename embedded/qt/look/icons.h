@@ -13,4 +13,7 @@ QIcon themeIcon(const char* name);
 /// By which the project tree's images are known: project, drawing, reference, subfolder.
 QIcon treeIcon(int image);
 
+/// By which rows of lists and entries of menus are known (toolkit/images.h); an empty icon for none.
+QIcon rowIcon(int image);
+
 } // namespace drafta

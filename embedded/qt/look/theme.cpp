@@ -9,18 +9,18 @@ namespace {
 /// The few colours that a theme is made of; all else is derived.
 struct Shades {
     QRgb window, base, button, text, quiet, line, selection, selectionText, idleSelection, accent, accentText,
-        warning, notice, canvas, drawing;
+        warning, notice, marked, canvas, drawing;
 };
 
 constexpr Shades lightShades{0xffF3F5F7, 0xffFFFFFF, 0xffFBFCFD, 0xff1C2329, 0xff59636E, 0xffD3D9DF,
-    0xff0B5FBF, 0xffFFFFFF, 0xffD5E3F3, 0xff0B5FBF, 0xffFFFFFF, 0xffB3261E, 0xffE7F0FB, 0xffFFFFFF,
-    0xff20262C};
+    0xff0B5FBF, 0xffFFFFFF, 0xffD5E3F3, 0xff0B5FBF, 0xffFFFFFF, 0xffB3261E, 0xffE7F0FB, 0xffFFF0CC,
+    0xffFFFFFF, 0xff20262C};
 constexpr Shades darkShades{0xff24282D, 0xff1B1E22, 0xff2E3338, 0xffE6EAEE, 0xffA7B1BB, 0xff3C434A,
-    0xff2F6FB8, 0xffFFFFFF, 0xff33485F, 0xff6CB2F7, 0xff10161C, 0xffFF9086, 0xff22364B, 0xff16191C,
-    0xffE4E8EB};
+    0xff2F6FB8, 0xffFFFFFF, 0xff33485F, 0xff6CB2F7, 0xff10161C, 0xffFF9086, 0xff22364B, 0xff4A3A12,
+    0xff16191C, 0xffE4E8EB};
 constexpr Shades contrastShades{0xff000000, 0xff000000, 0xff000000, 0xffFFFFFF, 0xffFFFFFF, 0xffFFFFFF,
-    0xffFFFF00, 0xff000000, 0xffFFFF00, 0xff00FFFF, 0xff000000, 0xffFFFF00, 0xff000000, 0xff000000,
-    0xffFFFFFF};
+    0xffFFFF00, 0xff000000, 0xffFFFF00, 0xff00FFFF, 0xff000000, 0xffFFFF00, 0xff000000, 0xff004080,
+    0xff000000, 0xffFFFFFF};
 
 const Shades& shadesOf(Look look) {
     switch (look) {
@@ -106,6 +106,7 @@ Theme themeFor(Look look) {
     theme.line = shades.line;
     theme.warning = shades.warning;
     theme.noticeBase = shades.notice;
+    theme.markedBase = shades.marked;
     theme.canvas = shades.canvas;
     theme.drawing = shades.drawing;
     return theme;

@@ -22,6 +22,7 @@ struct Theme {
     QColor line;       ///< between parts of the window
     QColor warning;    ///< text that tells of something wrong
     QColor noticeBase; ///< behind notices
+    QColor markedBase; ///< behind rows that catch the eye; their text is the usual one
     QColor canvas;     ///< behind drawings
     QColor drawing;    ///< lines of drawings without a colour of their own
     bool isDark() const { return palette.window().color().lightness() < 128; }

@@ -11,7 +11,7 @@ namespace drafta {
 
 namespace {
 
-constexpr itimerspec halfASecond{{0, 100'000'000}, {0, 500'000'000}};
+constexpr itimerspec halfASecond{{0, 100'000'000}, {0, BusyAlarm::firstAfter * 1'000'000}};
 constexpr itimerspec never{};
 
 std::atomic<Host*> alarmed = nullptr;

@@ -11,6 +11,8 @@ class Host;
 /// ten times a second from then on. A signal of the main thread asks, so nothing can end under its feet.
 class BusyAlarm {
 public:
+    static constexpr int firstAfter = 500; ///< milliseconds
+
     /// Made on the main thread; the host outlives it.
     explicit BusyAlarm(Host& host);
     BusyAlarm(const BusyAlarm&) = delete;

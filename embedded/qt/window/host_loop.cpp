@@ -1,6 +1,7 @@
 #include "embedded/qt/window/host_loop.h"
 
 #include "base/encoding.h"
+#include "embedded/qt/dialogs/progress_window.h"
 #include "embedded/qt/qt_text.h"
 
 #include <QCoreApplication>
@@ -27,15 +28,14 @@ private:
 };
 
 void HostLoop::beginWork() {
-    if (depth_++ == 0)
-        alarm_->start();
+    ++depth_;
+    startAlarm();
 }
 
+/// Around what ends, a question may stand.
 void HostLoop::endWork() {
-    if (--depth_ == 0)
-        alarm_->stop();
-    if (depth_ == 0)
-        rest();
+    --depth_;
+    rest();
     emit ran();
     if (depth_ == 0)
         for (std::function<void()>& work : std::exchange(postponed_, {}))
@@ -45,15 +45,24 @@ void HostLoop::endWork() {
 
 void HostLoop::rest() {
     if (depth_ > 0)
-        alarm_->start(); // from the beginning
+        startAlarm();
+    else if (alarm_)
+        alarm_->stop();
     if (std::exchange(isBusy_, false))
         emit busy(false);
+}
+
+/// From the beginning.
+void HostLoop::startAlarm() {
+    workingSince_.start();
+    alarm_->start();
 }
 
 /// In the middle of LISP: the window draws itself and takes Escape, and nothing else happens.
 void HostLoop::breathe() {
     constexpr int atMost = 20; // milliseconds
-    if (breathing_ || asking_)
+    // A request from the time of a question is first met by what runs behind it.
+    if (breathing_ || asking_ || workingSince_.elapsed() < BusyAlarm::firstAfter)
         return;
     const QScopedValueRollback<bool> guard(breathing_, true);
     if (!std::exchange(isBusy_, true))
@@ -63,7 +72,9 @@ void HostLoop::breathe() {
     qApp->removeEventFilter(this);
 }
 
-bool HostLoop::eventFilter(QObject*, QEvent* event) {
+bool HostLoop::eventFilter(QObject* receiver, QEvent* event) {
+    if (belongsToProgress(receiver))
+        return false; // cancelling is only noted there
     switch (event->type()) {
     case QEvent::KeyPress:
         if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)

@@ -5,6 +5,7 @@
 #include "embedded/documents/host.h"
 #include "embedded/qt/window/busy_alarm.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QString>
 
@@ -41,7 +42,7 @@ public:
     /// Asks the host to leave. A question on the command line is cancelled first.
     void leave();
 
-    /// A question stands: the person is waited for, and nothing is busy.
+    /// A question begins or ends: nothing is busy, and what works counts anew from now.
     void rest();
 
     /// True while something runs, so that what comes in between is nested in it.
@@ -73,6 +74,7 @@ protected:
 private:
     class Work;
     void breathe();
+    void startAlarm();
     void beginWork();
     void endWork();
     void runPending();
@@ -88,6 +90,7 @@ private:
     std::optional<QString> answer_;
     std::vector<std::pair<QString, bool>> early_; // printed before anybody listens
     std::optional<BusyAlarm> alarm_;
+    QElapsedTimer workingSince_;                   // the innermost work began, or a question began or ended
     std::vector<std::function<void()>> postponed_; // asked for in the middle of LISP
     bool breathing_ = false;
     bool isBusy_ = false;

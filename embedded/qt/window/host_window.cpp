@@ -269,9 +269,9 @@ void HostWindow::restoreTab(PaletteDock& dock) {
     (inFront_ == dock.objectName() ? &dock : commandDock_)->raise();
 }
 
-PaletteDock* HostWindow::dock(const QString& name) const {
+PaletteDock* HostWindow::dock(ryv::CStringView toolId) const {
     const auto hit = std::find_if(docks_.begin(), docks_.end(),
-        [&name](const PaletteDock* dock) { return dock->windowTitle() == name; });
+        [toolId](const PaletteDock* dock) { return dock->set().toolId() == toolId; });
     return hit == docks_.end() ? nullptr : *hit;
 }
 

@@ -35,7 +35,7 @@ public:
 
     CommandPane& commands() noexcept { return *commands_; }
     /// The dock of a palette set by its name; null when there is none.
-    PaletteDock* dock(const QString& name) const;
+    PaletteDock* dock(ryv::CStringView toolId) const;
 
     /// A drawing of the whole window with what floats above it, for a picture.
     QPixmap picture();

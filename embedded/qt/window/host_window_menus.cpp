@@ -4,6 +4,7 @@
 #include "embedded/qt/window/command_pane.h"
 #include "embedded/qt/window/host_window.h"
 #include "embedded/qt/window/palette_dock.h"
+#include "embedded/services/host_texts.h"
 
 #include <QActionGroup>
 #include <QDockWidget>
@@ -67,8 +68,8 @@ void HostWindow::addViewMenu() {
     connect(&menu, &QMenu::aboutToShow, this, [this, &menu] {
         menu.clear();
         for (const ryv::HostTool& tool : host_.palettes().tools()) {
-            PaletteDock* const shown = dock(toQt(tool.name));
-            QAction* const action = menu.addAction(toQt(tool.name));
+            PaletteDock* const shown = dock(tool.id);
+            QAction* const action = menu.addAction(toQt(hostText(tool.name)));
             action->setCheckable(true);
             action->setChecked(shown && shown->set().isVisible());
             connect(action, &QAction::triggered, this, [this, shown, command = tool.command](bool checked) {
@@ -103,6 +104,9 @@ void HostWindow::addLooks(QMenu& menu) {
 void HostWindow::addHelpMenu() {
     QMenu& menu = *menuBar()->addMenu(tr("&Help"));
     addCommand(menu, tr("&Commands"), QKeySequence::HelpContents, QStringLiteral("_.HELP"));
+    connect(menu.addAction(themeIcon("help"), tr("&Project Manager")), &QAction::triggered, this, [this] {
+        loop_.perform([this] { host_.platform().services.help->showTopic(u"project_manager_dialog"); });
+    });
     menu.addSeparator();
     connect(menu.addAction(themeIcon("info"), tr("&About drafta")), &QAction::triggered, this,
         [this] { loop_.perform([this] { showAbout(); }); });

@@ -56,6 +56,7 @@ public:
         return true;
     }
     void print(CStringView text) override { note(u"> " + CString(ryv::trim(text))); }
+    void echo(CStringView text) override { print(text); }
     std::optional<CString> askPerson(CStringView) override {
         if (person.empty())
             return std::nullopt;

@@ -172,6 +172,28 @@ TEST_F(HostTest, queuedOpen_runsWhenIdle_asTheModuleSendsIt) {
     EXPECT_TRUE(port.isQuiescent(port.currentDocument()));
 }
 
+TEST_F(HostTest, whatFollowsAnEcho_beginsALine) {
+    const struct {
+        const char16_t* script;
+        const char* expected;
+    } cases[] = {{u"(progn (princ \"one\") (princ \"two\") (princ))\r",
+                     "\nCommand: (progn (princ \"one\") (princ \"two\") (princ))\nonetwo"},
+        {u"(+ 1 2)\r", "\nCommand: (+ 1 2)\n3"},
+        {u"silent\rtalks\r", "\nCommand: silent\nCommand: talks\nhello"}};
+    line("(progn (defun c:silent () (princ)) (defun c:talks () (princ \"hello\") (princ)))");
+    ryv::HostDocuments& port = host.documents();
+    for (const auto& each : cases) {
+        port.sendStringToExecute(port.currentDocument(), each.script, {true, false, true});
+        printed.clear();
+        host.commandLine().runUntilIdle();
+        EXPECT_EQ(printed, each.expected);
+    }
+    port.sendStringToExecute(port.currentDocument(), u"silent\r", {true, false, true});
+    host.commandLine().runUntilIdle();
+    EXPECT_EQ(line("(progn (princ \"typed\") (princ))"), "typed")
+        << "what a person types ends its line itself";
+}
+
 TEST_F(HostTest, scriptInsideACommand_opensADrawingAndGoesOnInIt) {
     const std::string path = copyOf("01 Cover Sheet.dwg", "new.dwg");
     folder.write("go.scr", "_.open\n\"" + path + "\"\n_continue\n");

@@ -15,6 +15,7 @@ using ryv::CString;
 using ryv::TaskDialogRequest;
 
 const std::string product = RYV_TEST_DATA "/../../../resources/TaskDialogs.xaml";
+const std::string productInGerman = RYV_TEST_DATA "/../../../resources/TaskDialogs.de.xaml";
 
 class TaskDialogCatalogueTest : public ::testing::Test {
 protected:
@@ -64,6 +65,23 @@ TEST_F(TaskDialogCatalogueTest, productsDialogs_haveTheirVariablesAndButtons) {
         EXPECT_EQ(buttonsOf(dialog), buttons) << id;
         EXPECT_EQ(std::to_string(dialog.defaultButton), usual) << id;
         EXPECT_FALSE(dialog.content.empty()) << id;
+    }
+}
+
+TEST_F(TaskDialogCatalogueTest, productsDialogs_areTheSameInGerman) {
+    put(ryv::test::readBytes(product));
+    files.put(u"\\s\\TaskDialogs.de.xaml", ryv::test::readBytes(productInGerman));
+    TaskDialogCatalogue german{files, u"\\s\\TaskDialogs.de.xaml",
+        [](ryv::CStringView line) { ADD_FAILURE() << ryv::toAscii(line); }};
+    ASSERT_EQ(german.dialogs().size(), catalogue.dialogs().size());
+    for (std::size_t i = 0; i < german.dialogs().size(); ++i) {
+        const TaskDialogRequest& ours = catalogue.dialogs()[i];
+        const TaskDialogRequest& theirs = german.dialogs()[i];
+        EXPECT_EQ(theirs.id, ours.id);
+        EXPECT_EQ(namesIn(theirs), namesIn(ours)) << ryv::toAscii(ours.id);
+        EXPECT_EQ(buttonsOf(theirs), buttonsOf(ours)) << ryv::toAscii(ours.id);
+        EXPECT_EQ(theirs.defaultButton, ours.defaultButton) << ryv::toAscii(ours.id);
+        EXPECT_NE(theirs.instruction, ours.instruction) << ryv::toAscii(ours.id);
     }
 }
 

@@ -1,11 +1,18 @@
 #include "embedded/qt/controls/control_views.h"
 
+#include "base/text.h"
+#include "embedded/qt/controls/row_search.h"
+#include "embedded/qt/look/theme.h"
 #include "embedded/qt/qt_text.h"
 #include "toolkit/control_value.h"
+#include "toolkit/images.h"
 
+#include <QAbstractItemView>
+#include <QAccessible>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -15,6 +22,7 @@
 #include <QTabBar>
 #include <QTableView>
 #include <QTest>
+#include <QVBoxLayout>
 #include <gtest/gtest.h>
 
 namespace drafta {
@@ -206,6 +214,22 @@ TEST_F(ControlViewsTest, refusedText_staysMarkedAndTheModelKeepsTheLastGoodOne) 
     EXPECT_FALSE(isRefused(view));
 }
 
+TEST_F(ControlViewsTest, typingInTheMiddle_staysThere) {
+    ryv::TextField field(7);
+    field.setMaxLength(8);
+    field.setText(u"abcd");
+    ryv::ComboBox box(8, true);
+    box.setMaxLength(8);
+    box.setText(u"abcd");
+    for (Control* const control : {static_cast<Control*>(&field), static_cast<Control*>(&box)}) {
+        QWidget& view = viewOf(*control);
+        part<QLineEdit>(view).setCursorPosition(1);
+        QTest::keyClicks(&view, "xy");
+        EXPECT_EQ(valueOf(*control), u"axybcd");
+        delete &view;
+    }
+}
+
 TEST_F(ControlViewsTest, maxLength_bindsTheUserAndNotTheProgram) {
     ryv::TextField field(7);
     field.setMaxLength(3);
@@ -238,20 +262,119 @@ TEST_F(ControlViewsTest, listOfMany_choosesActivatesAndFollowsItsRows) {
     EXPECT_EQ(list.chosen(), (std::vector<std::size_t>{1})) << "the end of a view is no gesture";
 }
 
+TEST_F(ControlViewsTest, longList_isSearched) {
+    ryv::ListBox list(7, true);
+    auto* const rows = new QVBoxLayout(&window);
+    QWidget& made = viewOf(list);
+    auto* const search = qobject_cast<QLineEdit*>(makeRowSearch(list, made, &window));
+    ASSERT_NE(search, nullptr);
+    rows->addWidget(search);
+    rows->addWidget(&made);
+    EXPECT_FALSE(search->isVisible());
+    ryv::Choices many;
+    for (int row = 0; row < 20; ++row)
+        many.push_back({u"row " + ryv::toText(row)});
+    list.setRows(many);
+    EXPECT_TRUE(search->isVisible());
+    list.setChosen({3});
+    auto& view = part<QListView>(made);
+    QTest::keyClicks(search, "row 1");
+    EXPECT_TRUE(view.isRowHidden(3) && view.isRowHidden(9) && !view.isRowHidden(12));
+    const QPoint found = view.visualRect(view.model()->index(12, 0)).center();
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::ControlModifier, found);
+    EXPECT_EQ(list.chosen(), (std::vector<std::size_t>{3, 12})) << "what is hidden stays chosen beside it";
+    QTest::keyClick(&view, Qt::Key_A, Qt::ControlModifier);
+    const std::vector<std::size_t> chosen = list.chosen();
+    EXPECT_EQ(chosen, (std::vector<std::size_t>{1, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19}))
+        << "nothing unseen";
+    QTest::keyClick(search, Qt::Key_Escape);
+    EXPECT_EQ(search->text(), QString());
+    EXPECT_EQ(list.chosen(), chosen);
+    list.setRows({{u"a"}});
+    EXPECT_FALSE(search->isVisible());
+}
+
+TEST_F(ControlViewsTest, editableCombo_isSpokenOfByItsLabelAndNotByItsText) {
+    ryv::ComboBox box(7, true);
+    box.setLabel(u"&Section:");
+    box.setTooltip(u"of the project");
+    box.setText(u"PUMPS");
+    QWidget& view = viewOf(box);
+    const auto spoken = [&view](QAccessible::Text kind) {
+        const QAccessibleInterface* const focused =
+            QAccessible::queryAccessibleInterface(&view)->focusChild();
+        return focused ? focused->text(kind) : QStringLiteral("(none)");
+    };
+    EXPECT_EQ(spoken(QAccessible::Name), "Section");
+    EXPECT_EQ(spoken(QAccessible::Value), "PUMPS");
+    EXPECT_EQ(spoken(QAccessible::Description), "of the project");
+    box.setLabel(u"Location");
+    box.setWarning(u"unknown");
+    EXPECT_EQ(spoken(QAccessible::Name), "Location");
+    EXPECT_TRUE(spoken(QAccessible::Description).startsWith(u"unknown"));
+}
+
+TEST_F(ControlViewsTest, comboOfCommands_opensBeforeItChooses) {
+    ryv::ComboBox box(7);
+    ryv::Choice active{u"Active"};
+    active.image = ryv::images::locked;
+    active.marked = true;
+    box.setRows({active, ryv::separatorChoice(), {u"Command"}});
+    box.setChosen(0);
+    box.setMenu(true);
+    auto& view = part<QComboBox>(viewOf(box));
+    EXPECT_FALSE(view.itemIcon(0).isNull());
+    EXPECT_TRUE(view.itemIcon(2).isNull());
+    EXPECT_TRUE(view.itemData(0, Qt::FontRole).value<QFont>().bold());
+    const ryv::Subscription back = box.edited.subscribe([&](Control&) { box.setChosen(0); });
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_C, Qt::Key_End}) {
+        QTest::keyClick(&view, key);
+        EXPECT_TRUE(view.view()->isVisible());
+        EXPECT_EQ(view.currentIndex(), 0);
+        view.hidePopup();
+    }
+    emit view.activated(2);
+    EXPECT_EQ(view.currentIndex(), 0) << "a command is no choice";
+}
+
 TEST_F(ControlViewsTest, grid_showsMarksAndIsChosenFrom) {
     ryv::Grid grid(7);
     grid.setColumns({u"Setting", u"Value"});
+    grid.setPlaceholder(u"There is nothing.");
     QTableView& view = part<QTableView>(viewOf(grid));
-    for (const char16_t* const name : {u"a", u"b"})
+    const auto* const empty = view.viewport()->findChild<QLabel*>();
+    EXPECT_TRUE(empty->isVisible() && empty->text() == QLatin1String("There is nothing."));
+    for (const char16_t* const name : {u"a setting with a long name", u"b"})
         grid.addRow({name, u"1"});
+    EXPECT_FALSE(empty->isVisible());
     grid.setMarked(1, true);
-    EXPECT_TRUE(view.model()->index(1, 0).data(Qt::FontRole).value<QFont>().bold());
+    const QModelIndex marked = view.model()->index(1, 0);
+    EXPECT_TRUE(marked.data(Qt::FontRole).value<QFont>().bold());
+    EXPECT_EQ(marked.data(Qt::BackgroundRole).value<QColor>(), currentTheme().markedBase);
     clickRow(view, 1);
     EXPECT_EQ(grid.chosen(), std::optional<std::size_t>(1));
     grid.setChosen(0);
     EXPECT_EQ(view.selectionModel()->selectedRows().front().row(), 0);
     grid.setChosen(std::nullopt);
     EXPECT_FALSE(view.selectionModel()->hasSelection());
+}
+
+TEST_F(ControlViewsTest, gridThatIsSearched_keepsItsColumns) {
+    ryv::Grid grid(7);
+    grid.setColumns({u"Setting", u"Value"});
+    QTableView& view = part<QTableView>(viewOf(grid));
+    const int narrow = view.columnWidth(0);
+    grid.addRow({u"a setting with a long name", u"1"});
+    const int wide = view.columnWidth(0);
+    EXPECT_GT(wide, narrow);
+    grid.clear();
+    EXPECT_EQ(view.columnWidth(0), wide);
+    view.setColumnWidth(0, narrow + 1); // somebody drags it
+    grid.addRow({u"a setting with a long name", u"1"});
+    EXPECT_EQ(view.columnWidth(0), narrow + 1);
+    grid.setColumns({u"Other"});
+    grid.addRow({u"b"});
+    EXPECT_EQ(view.horizontalHeader()->count(), 1);
 }
 
 TEST_F(ControlViewsTest, group_turnsPagesAndIsMinimized) {

@@ -5,7 +5,9 @@
 #include "embedded/qt/look/theme.h"
 #include "embedded/qt/window/host_window.h"
 #include "tests/embedded/palettes/palette_client.h"
+#include "tests/embedded/qt/cut_texts.h"
 #include "tests/embedded/qt/question_fixture.h"
+#include "tests/embedded/qt/speaking.h"
 #include "tests/embedded/qt/tree_view_fixture.h"
 #include "tests/support/sample_dialog.h"
 #include "tests/support/temp_folder.h"
@@ -19,6 +21,8 @@
 
 namespace drafta {
 namespace {
+
+using test::cutTexts;
 
 constexpr Look looks[] = {Look::light, Look::dark, Look::highContrast};
 
@@ -36,50 +40,6 @@ public:
         QApplication::setStyle(QStringLiteral("Fusion"));
     }
 };
-
-QString withoutMarks(QString text) {
-    return text.remove(u'&').section(u'\t', 0, 0);
-}
-
-/// What has less room than its text needs; a label may break lines.
-QStringList cutTexts(const QWidget& window) {
-    QStringList cut;
-    for (const QWidget* const widget : window.findChildren<QWidget*>()) {
-        const auto* const button = qobject_cast<const QAbstractButton*>(widget);
-        const auto* const label = qobject_cast<const QLabel*>(widget);
-        const QString text = button                        ? button->text()
-                             : label && !label->wordWrap() ? label->text()
-                                                           : QString();
-        if (!widget->isVisible() || text.isEmpty())
-            continue;
-        const QFontMetrics letters = widget->fontMetrics();
-        const auto* const tool = qobject_cast<const QToolButton*>(widget);
-        const bool isWritten = !tool || tool->toolButtonStyle() != Qt::ToolButtonIconOnly;
-        if (isWritten && (widget->width() < letters.horizontalAdvance(withoutMarks(text)) ||
-                             widget->height() < letters.height()))
-            cut += text;
-    }
-    for (const QTabBar* const tabs : window.findChildren<QTabBar*>())
-        for (int tab = 0; tab < tabs->count(); ++tab)
-            if (tabs->isVisible() &&
-                tabs->tabRect(tab).width() < tabs->fontMetrics().horizontalAdvance(tabs->tabText(tab)))
-                cut += tabs->tabText(tab);
-    return cut;
-}
-
-QStringList cutTexts(QMenu& menu) {
-    QStringList cut;
-    for (QAction* const action : menu.actions()) {
-        const QFontMetrics letters = menu.fontMetrics();
-        const QRect room = menu.actionGeometry(action);
-        const int keys = letters.horizontalAdvance(action->shortcut().toString(QKeySequence::NativeText));
-        if (!action->isSeparator() &&
-            (room.width() < letters.horizontalAdvance(withoutMarks(action->text())) + keys ||
-                room.height() < letters.height()))
-            cut += action->text();
-    }
-    return cut;
-}
 
 TEST(Looks, icons_haveAsManyPixelsAsTheScreen) {
     const QSize size(metrics::icon, metrics::icon);
@@ -150,33 +110,40 @@ TEST_F(LooksOfDialogs, texts_findRoom) {
 
 TEST(Looks, window_cutsNoTextAndExplainsItsButtons) {
     const StyleOfProgram style;
-    const ryv::test::TempFolder folder;
-    HostLoop loop;
-    HostOptions options;
-    options.profileFolder = options.productFolder = folder.native();
-    Host host(loop.connected(std::move(options)));
-    loop.follow(host);
-    test::PaletteClient client(host.palettes());
-    ASSERT_TRUE(client.create());
-    ViewContext context;
-    HostWindow window(host, loop, context);
-    window.open();
-    client.set->show(true);
-    for (const Look look : looks) {
-        window.choose(look);
-        QApplication::processEvents();
-        EXPECT_EQ(cutTexts(window).join(u';').toStdString(), "");
-        for (QAction* const action : window.menuBar()->actions()) {
-            action->menu()->popup(QPoint(0, 0));
-            EXPECT_EQ(cutTexts(*action->menu()).join(u';').toStdString(), "");
-            EXPECT_GE(window.menuBar()->actionGeometry(action).width(),
-                window.fontMetrics().horizontalAdvance(withoutMarks(action->text())));
-            action->menu()->close();
+    for (const ryv::Language language : test::languages) {
+        const test::Speaking speaking(language);
+        const ryv::test::TempFolder folder;
+        HostLoop loop;
+        HostOptions options;
+        options.profileFolder = options.productFolder = folder.native();
+        Host host(loop.connected(std::move(options)));
+        loop.follow(host);
+        test::PaletteClient client(host.palettes());
+        ASSERT_TRUE(client.create());
+        ViewContext context;
+        HostWindow window(host, loop, context);
+        window.open();
+        client.set->show(true);
+        for (const Look look : looks) {
+            window.choose(look);
+            QApplication::processEvents();
+            EXPECT_EQ(cutTexts(window).join(u';').toStdString(), "");
+            for (QAction* const action : window.menuBar()->actions()) {
+                action->menu()->popup(QPoint(0, 0));
+                EXPECT_EQ(cutTexts(*action->menu()).join(u';').toStdString(), "");
+                EXPECT_GE(window.menuBar()->actionGeometry(action).width(),
+                    window.fontMetrics().horizontalAdvance(test::withoutMarks(action->text())));
+                action->menu()->close();
+            }
         }
+        for (const QAbstractButton* const button :
+            window.findChildren<QAbstractButton*>(QStringLiteral("qt_dockwidget_closebutton")))
+            EXPECT_EQ(button->accessibleName(),
+                language == ryv::Language::german ? QStringLiteral("Schließen") : QStringLiteral("Close"));
+        for (const QAbstractButton* const button : window.findChildren<QAbstractButton*>())
+            EXPECT_TRUE(!button->isVisible() || !button->text().isEmpty() || !button->toolTip().isEmpty())
+                << button->metaObject()->className() << ' ' << button->objectName().toStdString();
     }
-    for (const QAbstractButton* const button : window.findChildren<QAbstractButton*>())
-        EXPECT_TRUE(!button->isVisible() || !button->text().isEmpty() || !button->toolTip().isEmpty())
-            << button->metaObject()->className() << ' ' << button->objectName().toStdString();
 }
 
 } // namespace

@@ -4,13 +4,16 @@
 #include "embedded/services/wait_cursor.h"
 #include "tests/embedded/qt/question_fixture.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCommandLinkButton>
 #include <QFile>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QProgressBar>
+#include <QScreen>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -141,6 +144,15 @@ TEST_F(FilesTest, filesToOpen_areThere) {
     EXPECT_TRUE(ui.chooseFiles(request(false)).empty()) << "not there, told and then cancelled";
 }
 
+TEST_F(FilesTest, folder_isOneThatIsThere) {
+    QDir(folder.path()).mkdir(QStringLiteral("sub"));
+    ryv::FileRequest wanted = request(false);
+    wanted.choosesFolder = true;
+    answerWith({name(QStringLiteral("sub")), name(QStringLiteral("a.kqp")), key(Qt::Key_Escape)});
+    EXPECT_EQ(ui.chooseFiles(wanted), (std::vector{module(QStringLiteral("sub"))}));
+    EXPECT_TRUE(ui.chooseFiles(wanted).empty()) << "a file is not taken, so it stays until it is cancelled";
+}
+
 TEST_F(FilesTest, newFile_getsItsExtensionAndReplacesNothingUnasked) {
     answerWith({name(QStringLiteral("new.1")), name(QStringLiteral("a")), press(QStringLiteral("No")),
         name(QStringLiteral("B.KQP")), name(QStringLiteral("a.kqp")), press(QStringLiteral("Yes"))});
@@ -179,39 +191,62 @@ TEST_F(QtUserInterfaceTest, menu_givesTheCommand) {
     EXPECT_EQ(ui.popupMenu(menu, {5, 5}), 0);
 }
 
-TEST_F(QtUserInterfaceTest, menuAtControl_opensBelowTheButton) {
+TEST_F(QtUserInterfaceTest, menuAtControl_opensBelowItOrAbove) {
     ryv::Menu menu;
     menu.add(1, u"One");
     QWidget window;
+    window.resize(200, 100);
     auto* const button = new QPushButton(QStringLiteral("Menu"), &window);
     button->move(40, 30);
+    auto* const box = new QComboBox(&window);
+    box->addItems({QStringLiteral("a"), QStringLiteral("b")});
+    box->move(40, 70);
     window.show();
-    int chosen = -1;
-    QObject::connect(
-        button, &QPushButton::clicked, [&] { chosen = ui.popupMenu(menu, ryv::ScreenPoint::atControl()); });
-    answerWith({[&](QWidget& popup) {
-        EXPECT_EQ(popup.pos(), button->mapToGlobal(QPoint(0, button->height())));
-        popup.close();
-    }});
+    int asked = 0;
+    const auto ask = [&] {
+        ++asked;
+        EXPECT_EQ(ui.popupMenu(menu, ryv::ScreenPoint::atControl()), 0);
+    };
+    QObject::connect(button, &QPushButton::clicked, ask);
+    QObject::connect(box, &QComboBox::activated, ask);
+    const auto isBelow = [](const QWidget& control) {
+        return [&control](QWidget& popup) {
+            EXPECT_EQ(popup.pos(), control.mapToGlobal(QPoint(0, control.height())));
+            popup.close();
+        };
+    };
+    answerWith({isBelow(*button), isBelow(*box), [&](QWidget& popup) {
+                    EXPECT_EQ(popup.geometry().bottom() + 1, button->mapToGlobal(QPoint()).y());
+                    popup.close();
+                }});
     QTest::mouseClick(button, Qt::LeftButton);
-    EXPECT_EQ(chosen, 0);
+    box->showPopup();
+    QTest::keyClick(box->view(), Qt::Key_Down);
+    QTest::keyClick(box->view(), Qt::Key_Return);
+    window.move(0, window.screen()->availableGeometry().bottom() - 60);
+    QTest::mouseClick(button, Qt::LeftButton);
+    EXPECT_EQ(asked, 3);
 }
 
 TEST_F(QtUserInterfaceTest, progress_appearsLateAndIsCancelledAtOnce) {
     const auto window = [] { return QApplication::activeModalWidget(); };
-    const auto progress = ui.beginProgress(128, 100);
+    const auto progress = ui.beginProgress(128, 1500);
     clock = 499;
     EXPECT_TRUE(progress->step(1, u"a.dwg"));
     EXPECT_EQ(window(), nullptr);
     clock = 500;
-    EXPECT_TRUE(progress->step(50, u"b.dwg"));
+    EXPECT_TRUE(progress->step(750, u"b.dwg"));
     ASSERT_NE(window(), nullptr);
     EXPECT_EQ(window()->findChild<QProgressBar*>()->value(), 50);
+    QStringList texts;
+    for (const QLabel* const label : window()->findChildren<QLabel*>())
+        texts += label->text();
+    EXPECT_EQ(texts.join(u';').toStdString(), "b.dwg;750 of 1,500");
     QTimer::singleShot(0, window(), [&] { press(QStringLiteral("Cancel"))(*window()); });
     clock = 549;
-    EXPECT_TRUE(progress->step(51, u"c.dwg")) << "nobody has looked yet";
+    EXPECT_TRUE(progress->step(751, u"c.dwg")) << "nobody has looked yet";
     clock = 550;
-    EXPECT_FALSE(progress->step(52, u"d.dwg"));
+    EXPECT_FALSE(progress->step(752, u"d.dwg"));
 }
 
 TEST_F(QtUserInterfaceTest, progress_endsWhenTheHostIsLeft) {

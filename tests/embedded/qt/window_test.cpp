@@ -219,6 +219,27 @@ TEST_F(HostLoopTest, longWork_showsThatItIsBusyAndEndsWithEscape) {
     EXPECT_EQ(busy, "busy idle ");
 }
 
+TEST_F(HostLoopTest, longWorkOutOfAQuestion_leavesTheQuestionIdle) {
+    QObject::connect(&loop, &HostLoop::busy, [this](bool isBusy) {
+        if (isBusy)
+            QCoreApplication::postEvent(
+                &pane, new QKeyEvent(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier));
+    });
+    bool asked = false;
+    loop.perform([&] {
+        asked = true;
+        loop.rest(); // a question stands from here on
+        type(QStringLiteral("(while T)"));
+        EXPECT_TRUE(prints("interrupted"));
+        EXPECT_TRUE(QTest::qWaitFor([this] { return busy == "busy idle "; }, 20'000)) << busy;
+        loop.rest();
+        host->requestBreath(); // as the alarm did while it stood
+        host->runLine(u"(repeat 10000 (setq x 1))");
+    });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return asked && !loop.isAtWork(); }, 20'000));
+    EXPECT_EQ(busy, "busy idle ") << "short work does not show";
+}
+
 TEST_F(HostLoopTest, title_namesDrawingAndActiveProject) {
     ViewContext context;
     HostWindow window(*host, loop, context);
@@ -243,7 +264,7 @@ TEST_F(HostLoopTest, dockTabbedWithTheCommandLine_isSoAgain) {
         HostWindow window(*host, loop, context);
         window.open();
         auto* const commands = window.findChild<QDockWidget*>(QStringLiteral("CommandLine"));
-        PaletteDock* const dock = window.dock(QStringLiteral("Project Manager"));
+        PaletteDock* const dock = window.dock(u"{1}");
         ASSERT_NE(dock, nullptr);
         ASSERT_TRUE(dock->set().dockAt(Dock::bottom));
         client.set->show(true);
@@ -288,6 +309,8 @@ TEST(Themes, texts_canBeReadOnTheirGrounds) {
         EXPECT_GE(contrast(theme.accentText, theme.accent), least);
         EXPECT_GE(contrast(theme.drawing, theme.canvas), least);
         EXPECT_GE(contrast(colors.text().color(), theme.noticeBase), least);
+        EXPECT_GE(contrast(colors.text().color(), theme.markedBase), least);
+        EXPECT_GE(contrast(theme.markedBase, colors.base().color()), 1.1) << "it is seen";
     }
 }
 

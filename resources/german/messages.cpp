@@ -1,0 +1,262 @@
+#include "resources/catalogue.h"
+#include "resources/message_numbers.h"
+
+namespace ryv::german {
+
+namespace {
+
+// clang-format off
+constexpr Message texts[] = {
+    {message::buttonOk, u"OK"},
+    {message::buttonCancel, u"Abbrechen"},
+    {message::fieldInstallationCode, u"Anlage"},
+    {message::fieldLocationCode, u"Einbauort"},
+    {message::fieldFileName, u"Dateiname"},
+    {message::fieldSection, u"Abschnitt"},
+    {message::fieldSubSection, u"Unterabschnitt"},
+    {message::fieldSheet, u"Blatt"},
+    {message::fieldDrawingNumber, u"Zeichnungsnummer"},
+    {message::fieldDescription1, u"Beschreibungszeile 1"},
+    {message::lockUnreadable, u"Unbekannter Benutzer (die Sperrdatei ist nicht lesbar)"},
+    {message::lockReadOnly, u"Schreibgeschützte Datei oder schreibgeschützter Ordner"},
+    {message::projectsCaption, u"Projekte"},
+    {message::lockMissing, u"Datei nicht gefunden"},
+    {message::detailsCaption, u"Details"},
+    {message::previewCaption, u"Vorschau"},
+    {message::paletteSetName, u"Projektmanager"},
+    {message::paletteName, u"Projekte"},
+    {message::allFoundInFolder,
+        u"Zeichnungen des Projekts liegen nicht mehr im Ordner\n%s\n"
+        u"Alle wurden im Ordner des Projekts gefunden:\n%s\n\n"
+        u"Wählen Sie OK, um die dort gefundenen Zeichnungen zu verwenden, oder Abbrechen, um das Projekt so zu "
+        u"lassen, wie es ist."},
+    {message::allFoundInFolderTitle, u"Zeichnungen verschoben"},
+    {message::oneFoundInFolder,
+        u"Zeichnungen des Projekts fehlen. Mindestens eine davon wurde im Ordner des Projekts gefunden:\n%s\n\n"
+        u"Wählen Sie OK, um die dort gefundenen Zeichnungen zu verwenden; nach den anderen werden Sie "
+        u"anschließend gefragt. Wählen Sie Abbrechen, um das Projekt so zu lassen, wie es ist."},
+    {message::oneFoundInFolderTitle, u"Zeichnungen fehlen"},
+    {message::drawingNotFound,
+        u"Die Zeichnung\n%s\ndes Projekts %s wurde nicht gefunden.\n\n"
+        u"Wählen Sie OK, um zu zeigen, wo sie jetzt liegt, oder Abbrechen, um das Projekt so zu lassen, wie es "
+        u"ist."},
+    {message::drawingNotFoundTitle, u"Zeichnung nicht gefunden"},
+    {message::locateDrawingTitle, u"%s suchen"},
+    {message::replaceOpenProject,
+        u"Zwei Projekte gleichen Namens können nicht gleichzeitig geöffnet sein, und eines dieses Namens ist "
+        u"bereits geöffnet.\n\nMöchten Sie es schließen und an seiner Stelle das andere öffnen?"},
+    {message::replaceOpenProjectTitle, u"Projekt %s ist geöffnet"},
+    {message::repairRefusedTitle, u"Zeichnungspfade nicht gespeichert"},
+    {message::repairRefusedMissing,
+        u"Die neuen Zeichnungspfade wurden nicht gespeichert, weil die Projektdatei nicht gefunden wurde:\n%s\n\n"
+        u"Prüfen Sie, ob ihr Ordner erreichbar ist, und öffnen Sie das Projekt erneut."},
+    {message::repairRefusedLocked,
+        u"Die neuen Zeichnungspfade wurden nicht gespeichert, weil die Projektdatei\n%s\nvon %s gesperrt ist.\n\n"
+        u"Öffnen Sie das Projekt erneut, sobald sie frei ist."},
+    {message::repairRefusedUnreadable,
+        u"Die neuen Zeichnungspfade wurden nicht gespeichert, weil das Projekt gesperrt ist. Von wem, ist "
+        u"unbekannt, denn die Sperrdatei ist nicht lesbar.\n\n"
+        u"Öffnen Sie das Projekt erneut, wenn niemand anders daran arbeitet."},
+    {message::repairRefusedReadOnly,
+        u"Die neuen Zeichnungspfade wurden nicht gespeichert, weil die Projektdatei oder ihr Ordner "
+        u"schreibgeschützt ist.\n\nHeben Sie den Schreibschutz auf, und öffnen Sie das Projekt erneut."},
+    {message::repairNotWrittenTitle, u"Projektdatei nicht geschrieben"},
+    {message::repairNotWritten,
+        u"Die neuen Zeichnungspfade konnten nicht in die Projektdatei geschrieben werden:\n%s\n\n"
+        u"Prüfen Sie, ob auf dem Datenträger Platz ist und ob niemand anders die Datei geändert hat, und öffnen "
+        u"Sie das Projekt erneut."},
+    {message::blockNotInserted,
+        u"Der Einstellungsblock KQ_M konnte nicht in die Zeichnung eingefügt werden.\n\n"
+        u"Prüfen Sie, ob sich die Zeichnung ändern lässt und ob die Datei KQ_M.dwg unbeschädigt ist."},
+    {message::blockNotInsertedTitle, u"Einstellungsblock"},
+    {message::fieldDescription2, u"Beschreibungszeile 2"},
+    {message::fieldDescription3, u"Beschreibungszeile 3"},
+    {message::updateTerminalsTitle, u"Klemmenverknüpfungen"},
+    {message::updateTerminalsPrompt,
+        u"Klemmen in diesen Zeichnungen sind verknüpft, das Projekt kennt die Verknüpfungen aber noch nicht. "
+        u"Möchten Sie sie im Projekt aktualisieren? Die Zeichnungen werden in jedem Fall hinzugefügt."},
+    {message::updateTerminalsAccept, u"Aktualisieren"},
+    {message::updateTerminalsDecline, u"Nicht aktualisieren"},
+    {message::workRefusedHeld, u"%s wird von %s bearbeitet. Es wurde nichts geändert; versuchen Sie es später erneut."},
+    {message::workRefusedReadOnly, u"%s oder der zugehörige Ordner ist schreibgeschützt. Es wurde nichts geändert."},
+    {message::workRefusedMissing, u"%s wurde nicht gefunden. Es wurde nichts geändert."},
+    {message::workRefusedUnreadable,
+        u"%s ist gesperrt, und aus der Sperrdatei geht nicht hervor, von wem. Es wurde nichts geändert; versuchen "
+        u"Sie es später erneut."},
+    {message::workRefused, u"Die Dateien des Projekts %s konnten nicht gesperrt werden. Es wurde nichts geändert."},
+    {message::projectNotReadAgain, u"%s konnte nicht erneut gelesen werden: %s."},
+    {message::workNeedsDrawing,
+        u"Es ist keine Zeichnung geöffnet, der Befehl braucht aber eine. Öffnen Sie eine Zeichnung, und versuchen "
+        u"Sie es erneut."},
+    {message::workProjectGone, u"Das Projekt %s ist nicht mehr geöffnet. Es wurde nichts geändert."},
+    {message::workItemsGone,
+        u"Was der Befehl betraf, ist nicht mehr im Projekt %s. Es wurde nichts geändert."},
+    {message::projectNotWrittenTitle, u"Projektdatei nicht geschrieben"},
+    {message::projectNotWritten,
+        u"Die Änderung konnte nicht geschrieben werden:\n%s: %s.\n\n"
+        u"Das Projekt wird so gezeigt, wie es in der Datei steht. Beheben Sie die Ursache, und wiederholen Sie die "
+        u"Änderung."},
+    {message::projectNotWrittenStale,
+        u"Die Änderung konnte nicht geschrieben werden:\n%s: %s.\n\n"
+        u"Auch das erneute Lesen des Projekts ist gescheitert (%s). Was angezeigt wird, ist nicht gespeichert."},
+    {message::workRefusedByDisk, u"%s konnte nicht gesperrt werden: %s. Es wurde nichts geändert."},
+    {message::workListedHeld, u"%s: wird von %s bearbeitet"},
+    {message::workListedReadOnly, u"%s: Die Datei oder ihr Ordner ist schreibgeschützt"},
+    {message::workListedMissing, u"%s: nicht gefunden"},
+    {message::workListedUnreadable, u"%s: ist gesperrt, und aus der Sperrdatei geht nicht hervor, von wem"},
+    {message::workListedByDisk, u"%s: konnte nicht gesperrt werden: %s"},
+    {message::workListedNotLocked, u"%s: konnte nicht gesperrt werden"},
+    {message::commandActivate, u"&Aktivieren"},
+    {message::commandCloseProject, u"S&chließen"},
+    {message::commandDescriptions, u"&Beschreibungen..."},
+    {message::commandTitleBlocks, u"Schrif&tfelder aktualisieren"},
+    {message::commandReport, u"Zeichnungs&liste ausgeben"},
+    {message::commandAddDrawings, u"Zeichnungen &hinzufügen..."},
+    {message::commandAddActiveDrawing, u"Aktuelle Zeichnung hin&zufügen"},
+    {message::commandRemoveDrawings, u"Zeichnungen ent&fernen..."},
+    {message::commandTaskList, u"A&ufgabenliste"},
+    {message::commandPublish, u"&Publizieren"},
+    {message::commandPlot, u"&Plotten"},
+    {message::commandPublishFile, u"In &Datei publizieren"},
+    {message::commandArchive, u"&Archivieren"},
+    {message::commandSettings, u"E&instellungen..."},
+    {message::commandExceptionList, u"Ausnah&meliste..."},
+    {message::commandProperties, u"&Eigenschaften..."},
+    {message::commandNewDrawing, u"&Neue Zeichnung..."},
+    {message::commandFlatten, u"Unteror&dner auflösen"},
+    {message::commandLowerCase, u"Dateinamen in &Kleinbuchstaben"},
+    {message::commandUpperCase, u"Dateinamen in &Großbuchstaben"},
+    {message::commandSort, u"&Sortieren..."},
+    {message::commandNewSubfolder, u"Neuer Unter&ordner"},
+    {message::commandExpandAll, u"Alle er&weitern"},
+    {message::commandCollapseAll, u"Alle &reduzieren"},
+    {message::commandApplyDefaults, u"Projekt&vorgaben anwenden"},
+    {message::commandOpen, u"&Öffnen"},
+    {message::commandCloseDrawing, u"&Schließen"},
+    {message::commandCopyTo, u"&Kopieren nach..."},
+    {message::commandRemove, u"Ent&fernen"},
+    {message::commandReplace, u"E&rsetzen..."},
+    {message::commandRename, u"&Umbenennen"},
+    {message::commandCopySettings, u"Einstellungen ko&pieren"},
+    {message::commandPasteSettings, u"Einstellungen ei&nfügen"},
+    {message::commandCompareSettings, u"Einstellungen verglei&chen..."},
+    {message::commandNewProject, u"Neues &Projekt..."},
+    {message::commandOpenProject, u"Projekt &öffnen..."},
+    {message::addDrawingsTitle, u"Zeichnungen zu %s hinzufügen"},
+    {message::openProjectTitle, u"Projekt öffnen"},
+    {message::replaceDrawingTitle, u"%s ersetzen"},
+    {message::copyDrawingTitle, u"%s kopieren"},
+    {message::copyIntoProject, u"Projekt, das die Kopie erhält"},
+    {message::currentDrawingBusy,
+        u"In der aktuellen Zeichnung läuft ein Befehl.\n\n"
+        u"Beenden Sie ihn, oder brechen Sie ihn ab, und öffnen Sie dann die Zeichnung."},
+    {message::currentDrawingBusyTitle, u"Zeichnung nicht geöffnet"},
+    {message::projectNotOpened,
+        u"%s konnte nicht geöffnet werden.\n\nPrüfen Sie, ob es sich um eine lesbare Projektdatei handelt."},
+    {message::projectNotOpenedTitle, u"Projekt nicht geöffnet"},
+    {message::drawingIsListed, u"%s gehört bereits zum Projekt %s.\n\nWählen Sie eine andere Datei."},
+    {message::drawingExists,
+        u"Es gibt bereits eine Datei\n%s\nund eine Kopie ersetzt nie eine andere Datei.\n\n"
+        u"Wählen Sie einen anderen Namen."},
+    {message::drawingNotCopied, u"Die Zeichnung konnte nicht kopiert werden:\n%s: %s."},
+    {message::commandRefusedTitle, u"Projektmanager"},
+    {message::drawingsNotOpened, u"Nicht geöffnete Zeichnungen: %d."},
+    {message::drawingsListedBefore, u"Hinzugefügte Zeichnungen: %d. Bereits im Projekt %s: %d."},
+    {message::fileNamesNotChanged, u"Geänderte Dateinamen: %d. Nicht geändert: %d."},
+    {message::drawingCopied, u"%s wurde zum Projekt %s hinzugefügt."},
+    {message::changingFileNames, u"Dateinamen werden geändert"},
+    {message::fileNamesNotPutBack,
+        u"Dateinamen, die nicht zurückgesetzt werden konnten: %d. Im Projekt stehen diese Zeichnungen unter ihrem "
+        u"bisherigen Namen."},
+    {message::moreInSubfolders,
+        u"In den Unterordnern ist inzwischen mehr als zum Zeitpunkt der Frage. Aus dem Projekt %s wurde nichts "
+        u"entfernt."},
+    {message::nameEmpty, u"Ein Name ist erforderlich."},
+    {message::nameForbidden, u"Ein Name enthält keines dieser Zeichen: %s"},
+    {message::nameTooLong, u"Der Name ist zu lang für seinen Ordner."},
+    {message::nameTaken, u"Der Name %s ist bereits vergeben."},
+    {message::fileNotRenamed, u"Die Zeichnung wurde nicht umbenannt:\n%s\n\n%s"},
+    {message::fileNotRenamedTitle, u"Zeichnung nicht umbenannt"},
+    {message::renamedItemGone, u"%s ist nicht mehr im Projekt. Es wurde nichts geändert."},
+    {message::drawingsMoved, u"%d Zeichnungen wurden nach %s verschoben."},
+    {message::itemsMoved, u"%d Elemente wurden nach %s verschoben."},
+    {message::subfolderMoved, u"Der Unterordner %s wurde nach %s verschoben."},
+    {message::takeBack, u"Rückgängig"},
+    {message::moveNotTakenBack,
+        u"Das Projekt wurde seither geändert. Das Verschieben wurde nicht rückgängig gemacht."},
+    {message::movedItemsGone,
+        u"Was verschoben werden sollte, oder das Ziel dafür, ist nicht mehr im Projekt. Es wurde nichts geändert."},
+    {message::renamedNotEverywhere,
+        u"%s heißt jetzt %s. Diese Projekte führen noch den alten Namen: %s. %s"},
+    {message::drawingFileNotFound, u"%s wurde in %s nicht gefunden."},
+    {message::drawingFolderNotFound, u"%s wurde nicht gefunden: Es gibt keinen Ordner %s."},
+    {message::drawingHeld, u"%s wird von %s bearbeitet."},
+    {message::drawingLockUnreadable, u"%s ist gesperrt, und aus der Sperrdatei geht nicht hervor, von wem."},
+    {message::drawingNotOpened, u"%s konnte nicht geöffnet werden: %s."},
+    {message::replacedStaysOpen, u"%s wurde im Projekt ersetzt, bleibt aber geöffnet, weil darin ein Befehl läuft. Beenden Sie den Befehl, "
+        u"und schließen Sie die Zeichnung."},
+    {message::workListedGone, u"%s: ist nicht mehr im Projekt"},
+    {message::workListedNotDone, u"%s: %s"},
+    {message::workNeedsProject, u"Es ist kein Projekt aktiv. Legen Sie zuerst eines an, oder öffnen Sie eines."},
+    {message::lockStatusFirst, u"Unbekannt"},
+    {message::lockStatusFirst + 1, u"Nicht gesperrt"},
+    {message::lockStatusFirst + 2, u"Von Ihnen gesperrt, %s"},
+    {message::lockStatusFirst + 3, u"Gesperrt von %s"},
+    {message::lockStatusFirst + 4, u"Gesperrt (die Sperrdatei ist nicht lesbar)"},
+    {message::lockStatusFirst + 5, u"Schreibgeschützt"},
+    {message::lockStatusFirst + 6, u"Datei nicht gefunden"},
+    {message::lockStatusFirst + 7, u"Nicht gesperrt (der Ordner ist schreibgeschützt)"},
+    {message::detailsStatus, u"Status:"},
+    {message::detailsFileName, u"Dateiname:"},
+    {message::detailsFolder, u"Ordner:"},
+    {message::detailsFileSize, u"Dateigröße:"},
+    {message::detailsLastSaved, u"Gespeichert:"},
+    {message::detailsDescription, u"Beschreibung %d:"},
+    {message::detailsKilobytes, u"%d KB (%d Byte)"},
+    {message::detailsMegabytes, u"%d MB (%d Byte)"},
+    {message::tabNewProject, u"Neues Projekt"},
+    {message::tabOpenProject, u"Projekt öffnen"},
+    {message::tabNewDrawing, u"Neue Zeichnung im aktiven Projekt"},
+    {message::tabRefresh, u"Alle Projekte neu einlesen"},
+    {message::tabTaskList, u"Ausstehende Aufgaben des aktiven Projekts"},
+    {message::tabResequence, u"Projekt mit der Neunummerierung des Pakets durchnummerieren"},
+    {message::tabDisplay, u"Womit Zeichnungen beschriftet sind"},
+    {message::tabPublish, u"Plotten, publizieren oder archivieren"},
+    {message::tabHelp, u"Hilfe"},
+    {message::drawingListTitle, u"Anzeige der Zeichnungsliste"},
+    {message::drawingListAvailable, u"&Verfügbare Felder"},
+    {message::drawingListShown, u"An&gezeigte Felder"},
+    {message::drawingListAdd, u"&Hinzufügen >"},
+    {message::drawingListRemove, u"< Ent&fernen"},
+    {message::drawingListUp, u"Nach &oben"},
+    {message::drawingListDown, u"Nach &unten"},
+    {message::drawingListSeparator, u"&Trennzeichen"},
+    {message::drawingListSelection, u"Auswahl &sichtbar halten"},
+    {message::drawingListNoSeparator,
+        u"Es werden mehrere Felder angezeigt, und nichts trennt sie. Geben Sie ein Trennzeichen ein, oder zeigen "
+        u"Sie nur ein Feld an."},
+    {message::drawingListNoField,
+        u"Es wird kein Feld angezeigt. Fügen Sie mindestens eines hinzu, damit Zeichnungen einen Namen haben."},
+    {message::drawingListNotStored,
+        u"Die Einstellungen konnten nicht gespeichert werden. Prüfen Sie, ob Ihre Einstellungen beschreibbar sind, "
+        u"und versuchen Sie es erneut."},
+    {message::treeEmpty,
+        u"Es ist kein Projekt geöffnet.\nLegen Sie mit der ersten Schaltfläche oben eines an, oder öffnen Sie mit der "
+        u"zweiten eines. Ein Rechtsklick hier bietet beides an."},
+    {message::testRunDrawingProperties, u"Zeichnungseigenschaften ausführen?"},
+    {message::testRunScript, u"Skript ausführen?"},
+    {message::testRunOwnScript, u"Ryv-Skript?"},
+    {message::testChooseDrawingTitle, u"Zeichnung wählen"},
+    {message::dialogMissing, u"%s gibt es in dieser Version noch nicht."},
+};
+// clang-format on
+
+static_assert(isAscending(texts));
+
+} // namespace
+
+std::span<const Message> mainMessages() noexcept {
+    return texts;
+}
+
+} // namespace ryv::german
