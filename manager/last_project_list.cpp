@@ -4,6 +4,7 @@
 #include "base/text.h"
 #include "bridge/platform.h"
 #include "manager/last_project_lines.h"
+#include "manager/nav_state.h"
 #include "siblings/atomic_file.h"
 
 #include <algorithm>
@@ -94,7 +95,11 @@ bool recordProject(CStringView projectId, CStringView code) {
     if (path.empty() || projectId.empty() || !fitsInLastProjectLine(projectId) ||
         !fitsInLastProjectLine(code))
         return false;
-    return changeList(path, replaceAll(projectId, u'\\', u'/'), code);
+    if (!changeList(path, replaceAll(projectId, u'\\', u'/'), code))
+        return false;
+    if (NavState* const state = navState())
+        state->onListNeedsUpdate.fire();
+    return true;
 }
 
 bool readLastProjects(RecentProjects& list) {

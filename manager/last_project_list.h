@@ -23,7 +23,8 @@ inline constexpr int removed = 4; ///< takes the project out of the list
 
 /// Writes a project's state into the list: in its place when it is there (case does not count, "\" is the
 /// same as "/"), else in front of all others. Recording an active project makes the one that was active open.
-/// Any number but those above gives an empty code, which reads as open.
+/// NavState::onListNeedsUpdate is fired when the list was written. Any number but those above gives an empty
+/// code, which reads as open.
 ///
 /// False, with the list as it was: there is no settings folder; the ID is empty or is one that a line cannot
 /// hold (a double quote, a line break, the mark of old lists); the list is there but cannot be read; it

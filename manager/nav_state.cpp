@@ -1,6 +1,8 @@
 #include "manager/nav_state.h"
 
+#include "bridge/platform.h"
 #include "manager/project_manager.h"
+#include "network/network_places.h"
 
 #include <algorithm>
 
@@ -16,6 +18,7 @@ NavState*& slot() noexcept {
 NavState::NavState() : deferredRequests_(projectReread_) {}
 
 NavState::~NavState() {
+    newDrawing.reset(); // its locks are the project manager's
     destroyProjectManager();
     if (navState() == this)
         setNavState(nullptr);
@@ -28,6 +31,12 @@ void NavState::createProjectManager() {
 
 void NavState::destroyProjectManager() {
     projectManager_.reset();
+}
+
+NetworkPlaces& NavState::networkPlaces() {
+    if (!networkPlaces_)
+        networkPlaces_ = std::make_unique<NetworkPlaces>(*platform().os.network, *platform().os.clock);
+    return *networkPlaces_;
 }
 
 void NavState::addBusyListener(BusyListener& listener) {

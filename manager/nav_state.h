@@ -2,15 +2,20 @@
 // the host is idle, and what the palette window and the commands hand to each other.
 #pragma once
 
+#include "base/event.h"
 #include "bridge/project_reread.h"
 #include "manager/deferred_requests.h"
+#include "manager/pending_new_drawing.h"
+#include "model/drawing_settings.h"
 #include "platform/os/message_loop.h"
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace ryv {
 
+class NetworkPlaces;
 class RyvPrmProjectManager;
 
 /// Hears whether the host works on something.
@@ -57,12 +62,26 @@ public:
     /// Re-reads of the active project in LISP.
     ProjectReread& projectReread() noexcept { return projectReread_; }
 
+    /// The list of last projects is another one now.
+    Event<> onListNeedsUpdate;
+
+    /// What is remembered of the network; made when it is asked for.
+    NetworkPlaces& networkPlaces();
+
     /// Handed from the tree to the commands that show a drawing's properties or compare it; whoever takes
     /// them clears them.
     CString pendingDrawing;
     CString pendingSecond;
     /// The same for the command that copies a drawing; its path is empty when there is none.
     ListedDrawing drawingToCopy;
+    /// Whether the last new project was asked for with a folder of its own.
+    bool newProjectInOwnFolder = false;
+    /// The drawing that was made and is being opened; null when there is none.
+    std::unique_ptr<PendingNewDrawing> newDrawing;
+    /// Settings of a drawing that were copied, to be pasted into others. Assigning them merges; emplace()
+    /// does not.
+    std::optional<RyvCfgDrawingSettings> copiedSettings;
+    CString copiedFrom; ///< the drawing that they are from
     /// The module's temporary drawing; empty when there is none.
     CString temporaryDrawing;
 
@@ -76,6 +95,7 @@ public:
 
 private:
     std::unique_ptr<RyvPrmProjectManager> projectManager_;
+    std::unique_ptr<NetworkPlaces> networkPlaces_;
     WindowHandle paletteWindow_ = WindowHandle::none;
     ProjectReread projectReread_;
     DeferredRequests deferredRequests_;

@@ -132,6 +132,8 @@ public:
     bool setMiscProjSettingsInProject(
         const RyvPmMiscProjSettings& settings, OptionalPath projectId = std::nullopt);
     void SetNewDwgSubfolderTrace(CStringView trace) { newDrawingTrace_ = trace; }
+    /// Gives it to who adds the drawing later, and forgets it.
+    CString takeNewDwgSubfolderTrace() noexcept { return std::exchange(newDrawingTrace_, {}); }
 
     /// Drawings whose settings LISP has to read again once they are current; without `append` the list starts
     /// anew.

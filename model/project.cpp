@@ -145,6 +145,12 @@ bool RyvPrmProject::isOZMProject() const {
            !link.empty();
 }
 
+bool RyvPrmProject::isLinked() const {
+    CString a;
+    CString b;
+    return isOZMProject() || (filer_ && filer_->getOZMProjectInfo(a, b));
+}
+
 bool RyvPrmProject::addFile(std::unique_ptr<RyvPrmFileDetails> details, const CString& trace) {
     if (!details)
         return false;

@@ -72,6 +72,9 @@ public:
 
     /// True for a project with an electromechanical link: its miscellaneous setting 39 is not empty.
     bool isOZMProject() const;
+    /// True for such a project, and for one whose companion store knows the project that it is linked to:
+    /// what has to be asked before drawings leave it. LISP is told of the setting alone.
+    bool isLinked() const;
 
     /// Marks of the path check: paths were repaired, and the user stopped it. They stay for the life of the
     /// object.

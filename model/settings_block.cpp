@@ -6,6 +6,7 @@
 #include "bridge/lisp.h"
 #include "bridge/platform.h"
 #include "bridge/settings_calls.h"
+#include "model/setting_value.h"
 #include "resources/message_numbers.h"
 #include "resources/messages.h"
 #include "siblings/stdio_file_ex.h"
@@ -81,11 +82,6 @@ void writeValue(RyvDbxBlockRef& accessor, int index, CStringView value) {
         accessor.setAttribute(secondTag, value);
 }
 
-CString valueOf(const RyvCfgDrawingSettings& settings, int index) {
-    const CString* const value = settings.find(index);
-    return value ? *value : CString();
-}
-
 bool insertSettingsBlock(RyvDbxBlockRef& accessor, CStringView file) {
     return accessor.setSpace(modelSpace) &&
            accessor.insertBlock(settingsBlockName, replaceAll(file, u'/', u'\\'), {}, {1, 1, 1}, 0) &&
@@ -149,7 +145,7 @@ bool writeDrawingSettings(RyvDbxBlockRef& accessor, const RyvCfgDrawingSettings&
     if (!openSettingsBlock(accessor) || !addMissingAttributes(accessor))
         return false;
     for (int index = 0; index <= RyvCfgDrawingSettings::getMaxBracketIndex(); ++index)
-        writeValue(accessor, index, valueOf(settings, index));
+        writeValue(accessor, index, valueOrEmpty(settings, index));
     return true;
 }
 
@@ -194,11 +190,11 @@ bool applySettingsToDrawing(
     RyvCfgDrawingSettings settings;
     if (!readDrawingSettings(accessor, settings, true))
         return false;
-    const CString oldFormat = valueOf(settings, wireFormat);
+    const CString oldFormat = valueOrEmpty(settings, wireFormat);
     settings.CopyNonDrawingSpecificValues(source, true);
     if (!writeDrawingSettings(accessor, settings))
         return false;
-    replaceLadderWireFormat(accessor, oldFormat, valueOf(settings, wireFormat));
+    replaceLadderWireFormat(accessor, oldFormat, valueOrEmpty(settings, wireFormat));
     return true;
 }
 
