@@ -84,6 +84,7 @@ Choice takeChosen(ListBox& list) {
 } // namespace
 
 CRyvPrmDwgListConfigDlg::CRyvPrmDwgListConfigDlg() : Dialog(layout, messageText) {
+    setHelpTopic(u"drawing_list_display");
     addsByDoubleClick_ = available().activated.subscribe([this](std::size_t) { onPress(addId); });
     removesByDoubleClick_ = shown().activated.subscribe([this](std::size_t) { onPress(removeId); });
 }

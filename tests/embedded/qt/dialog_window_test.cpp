@@ -1,13 +1,23 @@
 #include "base/text.h"
+#include "embedded/qt/window/help_window.h"
 #include "tests/embedded/qt/question_fixture.h"
+#include "tests/embedded/qt/speaking.h"
 #include "tests/support/sample_dialog.h"
 #include "toolkit/text_field.h"
+#include "ui/dialogs/work/report_dialog.h"
 
 #include <QComboBox>
+#include <QDir>
+#include <QFile>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QScreen>
+#include <QScrollBar>
 #include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTextBrowser>
 #include <algorithm>
 
 namespace drafta {
@@ -110,6 +120,26 @@ TEST_F(DialogWindowTest, layout_namesFieldsAndHidesWhatIsHidden) {
     ui.runModal(dialog);
 }
 
+TEST_F(DialogWindowTest, warning_standsBelowItsFieldWhileThereIsOne) {
+    auto& field = dialog.control<ryv::TextField>(sample::name);
+    const auto shown = [](QWidget& window) {
+        const auto labels = window.findChildren<QLabel*>();
+        return std::any_of(labels.begin(), labels.end(), [](const QLabel* label) {
+            return label->isVisible() && label->text() == QStringLiteral("Name is <taken>");
+        });
+    };
+    answerWith({[&](QWidget& window) {
+                    EXPECT_FALSE(shown(window));
+                    field.setWarning(u"Name is <taken>");
+                    EXPECT_TRUE(shown(window));
+                    EXPECT_TRUE(named(window, "name").accessibleDescription().contains(u"taken"));
+                    field.setWarning({});
+                    EXPECT_FALSE(shown(window));
+                },
+        key(Qt::Key_Escape)});
+    ui.runModal(dialog);
+}
+
 TEST_F(DialogWindowTest, size_isKeptWhenSomebodyChangedIt) {
     const Step look = [this](QWidget&) { dialog.end(1); };
     answerWith({look, [](QWidget& window) { window.resize(700, 560); }, look,
@@ -137,6 +167,68 @@ private:
     }
     QtUserInterface& ui_;
 };
+
+TEST_F(DialogWindowTest, f1_opensTheTopicOfTheDialog) {
+    ryv::CStringArray topics;
+    context.showHelp = [&](ryv::CStringView topic) { topics.emplace_back(topic); };
+    answerWith({key(Qt::Key_F1), key(Qt::Key_Escape), key(Qt::Key_F1), key(Qt::Key_Escape)});
+    for (const ryv::CStringView topic : {u"", u"new_project"}) {
+        dialog.setHelpTopic(topic);
+        ui.runModal(dialog);
+    }
+    EXPECT_EQ(topics, (ryv::CStringArray{u"new_project"}));
+}
+
+TEST_F(DialogWindowTest, helpOutOfADialog_isReadBesideIt) {
+    QTemporaryDir folder;
+    const auto write = [&](const char* name, const char* text) {
+        QFile file(folder.filePath(QString::fromLatin1(name)));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+    };
+    write("a.md", "# First page\n\n[more](b.md)\n");
+    write("b.md", "# Second page\n");
+    context.showHelp = [&](ryv::CStringView) {
+        HelpWindow* const help = HelpWindow::showPage(folder.filePath(QStringLiteral("a.md")), nullptr);
+        EXPECT_EQ(help->windowTitle(), QStringLiteral("First page - Help"));
+        EXPECT_EQ(HelpWindow::showPage(folder.filePath(QStringLiteral("a.md")), nullptr), help);
+        help->pages().setSource(QUrl(QStringLiteral("b.md")));
+        EXPECT_EQ(help->windowTitle(), QStringLiteral("Second page - Help"));
+        help->pages().backward();
+        EXPECT_EQ(help->windowTitle(), QStringLiteral("First page - Help"));
+        QTest::keyClick(help, Qt::Key_Escape);
+        EXPECT_FALSE(help->isVisible());
+    };
+    dialog.setHelpTopic(u"a");
+    answerWith({key(Qt::Key_F1), key(Qt::Key_Escape)});
+    EXPECT_EQ(ui.runModal(dialog), Dialog::idCancel);
+}
+
+TEST(HelpWindowTest, whatTheFolderOfALanguageLacks_isTheOneAboveIt) {
+    QTemporaryDir folder;
+    ASSERT_TRUE(QDir(folder.path()).mkdir(QStringLiteral("de")));
+    const auto write = [&](const char* name, const char* text) {
+        QFile file(folder.filePath(QString::fromLatin1(name)));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+    };
+    write("a.md", "# First page\n");
+    write("b.md", "# Second page\n");
+    write("c.svg", "picture");
+    write("de/a.md", "# Erste Seite\n\n[mehr](b.md)\n");
+    const test::Speaking german(ryv::Language::german);
+    HelpWindow* const help = HelpWindow::showPage(folder.filePath(QStringLiteral("de/a.md")), nullptr);
+    const auto follow = [help](const char* link) {
+        help->pages().setSource(QUrl(QString::fromLatin1(link)));
+        return help->windowTitle();
+    };
+    EXPECT_EQ(help->windowTitle(), QStringLiteral("Erste Seite - Hilfe"));
+    EXPECT_EQ(help->pages().loadResource(QTextDocument::ImageResource, QUrl(QStringLiteral("c.svg"))),
+        QByteArray("picture"));
+    EXPECT_EQ(follow("b.md"), QStringLiteral("Second page - Hilfe"));
+    EXPECT_EQ(follow("a.md"), QStringLiteral("Erste Seite - Hilfe"));
+    help->close();
+}
 
 TEST_F(DialogWindowTest, questionOutOfADialog_nests) {
     Asking asking(ui);
@@ -193,9 +285,82 @@ TEST_F(DialogWindowTest, sheet_turnsPagesBothWaysAndToTheFocus) {
         EXPECT_EQ(window.focusWidget(), &named(window, "far"));
         pages.setCurrentIndex(0);
         EXPECT_EQ(sheet.activePage(), 0);
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        QTest::keyClick(&window, Qt::Key_PageDown, Qt::ControlModifier);
+        EXPECT_EQ(sheet.activePage(), 1);
+        QTest::keyClick(&window, Qt::Key_Tab, Qt::ControlModifier);
+        EXPECT_EQ(sheet.activePage(), 0) << "round about";
         sheet.end(5);
     }});
     EXPECT_EQ(ui.runModal(sheet), 5);
+}
+
+TEST_F(DialogWindowTest, sheet_beginsInItsFirstField) {
+    static constexpr ryv::ControlLayout fields[] = {
+        {ryv::ControlKind::button, 50, u"tool", u"Tool"}, {ryv::ControlKind::text, 51, u"first", u"First"}};
+    static constexpr ryv::DialogLayout layout = {u"Sheet", u"Sheet", {}, {}};
+    ryv::Panel panel({u"", fields});
+    ryv::PropertySheet sheet(layout);
+    sheet.addPage({u"Page", u"page", {&panel}});
+    answerWith({[](QWidget& window) { EXPECT_EQ(window.focusWidget(), &named(window, "first")); },
+        key(Qt::Key_Escape)});
+    EXPECT_EQ(ui.runModal(sheet), Dialog::idCancel);
+}
+
+TEST_F(DialogWindowTest, textThatIsRead_isAsTallAsItIsLongAndScrollsByKeys) {
+    const auto textOf = [](QWidget& window) -> QPlainTextEdit& {
+        return *window.findChild<QPlainTextEdit*>();
+    };
+    std::vector<int> heights;
+    const auto look = [&](Qt::Key end, bool isLong) {
+        return [&, end, isLong](QWidget& window) {
+            QPlainTextEdit& report = textOf(window);
+            QScrollBar& bar = *report.verticalScrollBar();
+            heights.push_back(report.height());
+            EXPECT_EQ(window.focusWidget(), &report);
+            EXPECT_EQ(bar.maximum() > 0, isLong);
+            for (const auto& [pressed, place] : {std::pair(Qt::Key_Down, 1), {Qt::Key_Up, 0},
+                     {Qt::Key_End, bar.maximum()}, {Qt::Key_Home, 0}}) {
+                QTest::keyClick(&report, pressed);
+                EXPECT_EQ(bar.value(), std::min(place, bar.maximum()));
+            }
+            QTest::keyClick(&report, end);
+        };
+    };
+    answerWith({look(Qt::Key_Return, false), look(Qt::Key_Escape, false), look(Qt::Key_Return, true)});
+    for (const std::size_t count : {3u, 12u, 3000u}) {
+        ryv::SettingsReportDlg report(u"PUMPS", ryv::CStringArray(count, u"a line of it"));
+        ui.runModal(report);
+    }
+    const int screen = QGuiApplication::primaryScreen()->availableSize().height();
+    EXPECT_LT(heights[0], screen / 6);
+    EXPECT_LT(heights[0], heights[1]);
+    EXPECT_GT(heights[2], screen / 2);
+    EXPECT_LE(heights[2], screen * 6 / 10);
+}
+
+TEST_F(DialogWindowTest, fieldsOfAllPanels_beginAtOnePlaceAndAreAsWideAsTheyNeed) {
+    static constexpr ryv::ControlLayout above[] = {{ryv::ControlKind::text, 50, u"path", u"Path"}};
+    static constexpr ryv::ControlLayout below[] = {{ryv::ControlKind::text, 51, u"number", u"A longer name"}};
+    static constexpr ryv::PanelLayout panels[] = {{u"", above}, {u"Framed", below}};
+    static constexpr ryv::DialogLayout layout = {u"Fields", u"Fields", panels, {}};
+    Dialog fields(layout);
+    fields.control<ryv::TextField>(50).setText(ryv::CString(300, u'x'));
+    fields.control<ryv::TextField>(51).setBrief(true);
+    answerWith({[](QWidget& window) {
+        auto& path = dynamic_cast<QLineEdit&>(named(window, "path"));
+        QWidget& number = named(window, "number");
+        EXPECT_EQ(path.mapToGlobal(QPoint()).x(), number.mapToGlobal(QPoint()).x());
+        EXPECT_LT(number.width(), path.width() / 2);
+        EXPECT_EQ(path.cursorPosition(), 0) << "its beginning shows";
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        number.setFocus();
+        path.setFocus(Qt::TabFocusReason);
+        EXPECT_EQ(path.selectedText(), path.text()) << "it is to be typed anew";
+        EXPECT_EQ(path.cursorPosition(), 0) << "and still does";
+        window.close();
+    }});
+    ui.runModal(fields);
 }
 
 TEST_F(DialogWindowTest, higherThanTheScreen_scrollsAboveItsButtons) {
