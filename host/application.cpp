@@ -5,6 +5,7 @@
 #include "host/client_reactor.h"
 #include "host/command_table.h"
 #include "host/lisp_functions.h"
+#include "ui/tree/control_factory.h"
 
 namespace ryv {
 
@@ -63,6 +64,7 @@ ModuleResult CRyvPageManApp::onUnloadApplication(ModuleContext& context) {
         deleteTemporaryDrawing(navManager_->temporaryDrawing);
     RyvOZMClientReactor::instance().remove(); // a module that forgot to must not keep the host calling here
     navManager_.reset();
+    RyvPrmControlFactory::Instance().RegisterImplementation(nullptr); // behind the controls that it has made
     removeCopyToCommand();
     return RyvModuleApp::onUnloadApplication(context);
 }

@@ -2,12 +2,18 @@
 
 #include "bridge/command_strings.h"
 #include "bridge/platform.h"
-#include "host/missing_dialog.h"
 #include "host/nav_manager.h"
 #include "host/palette.h"
+#include "manager/pending_new_drawing.h"
 #include "manager/project_manager.h"
 #include "resources/message_numbers.h"
 #include "resources/messages.h"
+#include "ui/dialogs/creation/new_drawing.h"
+#include "ui/dialogs/creation/new_project.h"
+#include "ui/dialogs/work/drawing_properties.h"
+#include "ui/dialogs/work/project_properties.h"
+#include "ui/dialogs/work/settings_work.h"
+#include "ui/tree/item_selection.h"
 
 #include <utility>
 
@@ -35,15 +41,50 @@ CString chooseDrawing() {
     return chosen.empty() ? CString() : chosen.front();
 }
 
-/// Whether there is a drawing to work on: the one that the tree has handed over, which is taken, or the one
-/// of the current document.
-bool takePendingDrawing() {
+struct DrawingAtHand {
+    CString path; ///< empty when there is none
+    bool titled = true;
+};
+
+/// The drawing to work on: the one that the tree has handed over, which is taken, or the one of the current
+/// document.
+DrawingAtHand takePendingDrawing() {
     NavState* const state = navState();
     if (!state)
-        return false;
-    const CString pending = std::exchange(state->pendingDrawing, {});
+        return {};
+    CString pending = std::exchange(state->pendingDrawing, {});
     state->pendingSecond.clear();
-    return !pending.empty() || platform().host.documents->hasCurrentDocument();
+    HostDocuments& documents = *platform().host.documents;
+    if (!pending.empty() || !documents.hasCurrentDocument())
+        return {std::move(pending)};
+    const DocumentId current = documents.currentDocument();
+    return {documents.fileName(current), documents.isNamed(current)};
+}
+
+CProjectTree* treeOfPalette() {
+    RyvPrmNavManager* const manager = GetNavManager();
+    RyvPrmPalette* const palette = manager ? manager->firstPalette() : nullptr;
+    return palette ? &palette->tree() : nullptr;
+}
+
+/// Unless the project does not list the drawing, or has been closed. The tree would notice by itself, later.
+void showInTree(const CString& projectId, const CString& trace, const CString& drawing) {
+    CProjectTree* const tree = treeOfPalette();
+    if (!tree)
+        return;
+    tree->onProjectReRead(projectId);
+    selectDrawings(*tree, projectId, trace, {drawing});
+}
+
+void showInTree(const CString& projectId) {
+    CProjectTree* const tree = treeOfPalette();
+    TreeItem* const row = tree ? tree->GetProjectItem(projectId) : nullptr;
+    if (!row)
+        return;
+    if (!row->shown())
+        tree->setFilter({});
+    tree->ensureVisible(*row);
+    tree->setSelection({row});
 }
 
 } // namespace
@@ -97,36 +138,43 @@ void copyDrawingsTo() {
 }
 
 void projectProperties() {
-    if (GetActiveProject())
-        tellDialogMissing(u"The properties sheet of projects");
+    const RyvPrmProjectManager* const manager = GetProjectManager();
+    CString project;
+    if (manager && manager->getActiveProjectID(project))
+        showProjectProperties(project);
 }
 
 void newProject() {
-    RyvPrmProjectManager* const manager = GetProjectManager();
-    if (manager && !manager->sendEventVetoCheck())
-        tellDialogMissing(u"The dialog for new projects");
+    if (const CString project = makeNewProject(); !project.empty())
+        showInTree(project);
 }
 
 void drawingProperties() {
-    if (takePendingDrawing())
-        tellDialogMissing(u"The properties sheet of drawings");
+    const DrawingAtHand drawing = takePendingDrawing();
+    if (!drawing.path.empty())
+        showDrawingProperties(drawing.path, drawing.titled);
 }
 
-/// Nothing comes of it, so the subfolder that the tree set for it must not get the next drawing.
 void newDrawing() {
-    if (GetActiveProject())
-        tellDialogMissing(u"The dialog for new drawings");
-    if (RyvPrmProjectManager* const manager = GetProjectManager())
-        manager->SetNewDwgSubfolderTrace({});
+    startNewDrawing();
 }
 
 void continueNewDrawing() {
-    tellDialogMissing(u"The second half of making a drawing");
+    const NavState* const state = navState();
+    const PendingNewDrawing* const pending = state ? state->newDrawing.get() : nullptr;
+    if (!pending)
+        return;
+    const CString project = pending->locks.projectId();
+    const CString trace = pending->trace;
+    const CString drawing(pending->details->getFileName());
+    ryv::continueNewDrawing();
+    showInTree(project, trace, drawing);
 }
 
 void compareDrawingToProject() {
-    if (takePendingDrawing())
-        tellDialogMissing(u"The comparison of a drawing's settings");
+    const DrawingAtHand drawing = takePendingDrawing();
+    if (!drawing.path.empty())
+        compareDrawing(drawing.path);
 }
 
 } // namespace ryv::commands

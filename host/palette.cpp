@@ -7,9 +7,12 @@
 namespace ryv {
 
 RyvPrmPalette::RyvPrmPalette(HostPalette& host, NavState& nav)
-    : host_(host), tab_(nav), details_(detailsId), preview_(previewId) {
+    : host_(host), projects_(RyvPrmControlFactory::Instance().NewProjectComboBox()), tab_(nav),
+      details_(detailsId), preview_(previewId) {
     details_.setMultiLine(true);
     details_.setReadOnly(true);
+    projects_->Create();
+    host_.setHeader(*projects_);
     host_.top().addPage(messageText(message::projectsCaption), tab_.page());
     host_.bottom().addPage(messageText(message::detailsCaption), details_);
     host_.bottom().addPage(messageText(message::previewCaption), preview_);

@@ -24,6 +24,8 @@ public:
     HostPalette& host() const noexcept { return host_; }
 
     RyvPrmProjectTab& tab() noexcept { return tab_; }
+    /// The open projects, above the tree.
+    RyvPrmComboBox& projects() noexcept { return *projects_; }
     CProjectTree& tree() noexcept { return tab_.tree(); }
 
     /// Read-only text about what is selected.
@@ -43,6 +45,7 @@ private:
     void drawingChanged(DrawingWatch::Change change);
 
     HostPalette& host_;
+    std::unique_ptr<RyvPrmComboBox> projects_;
     RyvPrmProjectTab tab_;
     TextField details_;
     Picture preview_;

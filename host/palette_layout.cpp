@@ -1,6 +1,7 @@
 #include "host/palette_layout.h"
 
 #include "base/fold.h"
+#include "resources/messages.h"
 
 #include <cmath>
 
@@ -48,6 +49,14 @@ std::vector<WorkspaceNode*> paletteNodes(const WorkspaceNode& paletteSet, CStrin
             child->string(palette_layout::paletteName, stored) && equalNoCase(stored, name))
             nodes.push_back(child.get());
     }
+    return nodes;
+}
+
+std::vector<WorkspaceNode*> paletteNodes(const WorkspaceNode& paletteSet, int message) {
+    std::vector<WorkspaceNode*> nodes = paletteNodes(paletteSet, messageText(message));
+    for (const Language other : {Language::english, Language::german})
+        if (nodes.empty())
+            nodes = paletteNodes(paletteSet, messageText(message, other));
     return nodes;
 }
 

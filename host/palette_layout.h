@@ -22,6 +22,10 @@ WorkspaceNode& childOf(WorkspaceNode& node, CStringView name);
 /// The palettes' nodes that carry a palette's name, in the order in which they stand; case does not count.
 std::vector<WorkspaceNode*> paletteNodes(const WorkspaceNode& paletteSet, CStringView name);
 
+/// Those of the palette whose name is that message: under its name in the user's language, else under the one
+/// that it had in another.
+std::vector<WorkspaceNode*> paletteNodes(const WorkspaceNode& paletteSet, int message);
+
 /// How a palette's height is shared out, and what its two groups show. What a node lacks is left as it is.
 void savePaletteLayout(HostPalette& palette, WorkspaceNode& node);
 void loadPaletteLayout(HostPalette& palette, const WorkspaceNode& node);

@@ -111,7 +111,7 @@ bool RyvPrmPaletteSet::saveLayout(WorkspaceNode& node) {
     ours.setInteger(palette_layout::activePalette, host_->activePalette());
     if (palette_) {
         // A node that was saved into before has the palette's place already.
-        const std::vector<WorkspaceNode*> before = paletteNodes(ours, palette_->host().name());
+        const std::vector<WorkspaceNode*> before = paletteNodes(ours, message::paletteName);
         palette_->saveLayout(before.empty() ? ours.addChild(palette_layout::palette) : *before.back());
     }
     return true;
@@ -125,7 +125,7 @@ bool RyvPrmPaletteSet::loadLayout(const WorkspaceNode& node) {
         return true;
     ours->integer(palette_layout::activePalette, savedActivePalette_);
     if (palette_)
-        for (const WorkspaceNode* each : paletteNodes(*ours, messageText(message::paletteName)))
+        for (const WorkspaceNode* each : paletteNodes(*ours, message::paletteName))
             palette_->loadLayout(*each);
     return true;
 }

@@ -142,7 +142,7 @@ inline constexpr int drawingNotCopied = 472;     ///< file, reason
 inline constexpr int commandRefusedTitle = 473;  ///< of the last three
 inline constexpr int drawingsNotOpened = 474;    ///< number; a notice, as the next one
 inline constexpr int drawingsListedBefore = 475; ///< number added, name of the project, number that it had
-inline constexpr int fileNamesNotChanged = 476;  ///< number changed, number that could not be
+inline constexpr int fileNamesChanged = 476;     ///< above their names, in the report
 inline constexpr int drawingCopied = 477;        ///< name of the copy, name of the project; a notice
 inline constexpr int changingFileNames = 478;    ///< of a progress display
 inline constexpr int fileNamesNotPutBack = 479;  ///< their number; a notice, as the next one
@@ -223,6 +223,5 @@ inline constexpr int testRunDrawingProperties = 9001; ///< Yes and No, as the ne
 inline constexpr int testRunScript = 9002;
 inline constexpr int testRunOwnScript = 9003;
 inline constexpr int testChooseDrawingTitle = 9004; ///< of a file dialog
-inline constexpr int dialogMissing = 9005;          ///< what is not there yet
 
 } // namespace ryv::message

@@ -155,7 +155,7 @@ constexpr Message texts[] = {
     {message::commandRefusedTitle, u"Project Manager"},
     {message::drawingsNotOpened, u"%d of the drawings could not be opened."},
     {message::drawingsListedBefore, u"Drawings added: %d. In project %s already: %d."},
-    {message::fileNamesNotChanged, u"File names changed: %d. Not changed: %d."},
+    {message::fileNamesChanged, u"File names changed:"},
     {message::drawingCopied, u"%s was added to project %s."},
     {message::changingFileNames, u"Changing File Names"},
     {message::fileNamesNotPutBack,
@@ -233,7 +233,6 @@ constexpr Message texts[] = {
     {message::testRunScript, u"Run script?"},
     {message::testRunOwnScript, u"Ryv script?"},
     {message::testChooseDrawingTitle, u"Select Drawing"},
-    {message::dialogMissing, u"%s is not there yet in this version."},
 };
 // clang-format on
 

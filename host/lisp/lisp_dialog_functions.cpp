@@ -1,7 +1,7 @@
 #include "host/lisp/lisp_dialog_functions.h"
 
 #include "bridge/platform.h"
-#include "host/missing_dialog.h"
+#include "ui/dialogs/settings/override_dialog.h"
 
 #include <map>
 
@@ -9,15 +9,18 @@ namespace ryv::lisp_functions {
 
 namespace {
 
-constexpr std::size_t overrideValues = 16;
-
 using Variables = std::map<CString, CString>; // in the order of the units, whatever the language
 
-bool isListOfStrings(const LispValues& values) {
-    for (std::size_t i = 0; i < values.count(); ++i)
-        if (!values.string(i))
-            return false;
-    return true;
+/// Nothing when one of the values is no string.
+std::optional<CStringArray> stringsOf(const LispValues& values) {
+    CStringArray texts;
+    for (std::size_t i = 0; i < values.count(); ++i) {
+        const CString* const text = values.string(i);
+        if (!text)
+            return std::nullopt;
+        texts.push_back(*text);
+    }
+    return texts;
 }
 
 /// Takes a key and its value, which may stand in a list or make up a dotted pair; false for anything else.
@@ -46,10 +49,13 @@ Variables variablesIn(const LispValues& pairs) {
 
 LispAnswer overrideCrossReferences(const LispValues& arguments) {
     const std::optional<LispValues> values = arguments.list(0);
-    if (!values || values->count() != overrideValues || !isListOfStrings(*values))
+    const std::optional<CStringArray> texts = values ? stringsOf(*values) : std::nullopt;
+    if (!texts || texts->size() != CRyvCfgCrossRefCompOverrideDlg::valueCount)
         return LispAnswer::wrong();
-    tellDialogMissing(u"The dialog for a component's cross-references");
-    return LispAnswer::nil();
+    CRyvCfgCrossRefCompOverrideDlg dialog(*texts);
+    if (platform().ui->runModal(dialog) != Dialog::idOk)
+        return LispAnswer::nil();
+    return LispAnswer::list(dialog.values());
 }
 
 LispAnswer showTaskDialog(const LispValues& arguments) {

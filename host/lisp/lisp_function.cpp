@@ -14,6 +14,12 @@ struct Giver {
     void operator()(LispAnswer::Truth) const { lisp.returnT(); }
     void operator()(int number) const { lisp.returnInt(number); }
     void operator()(const CString& text) const { lisp.returnString(text); }
+    void operator()(const CStringArray& texts) const {
+        HostResultBuffer elements;
+        for (const CString& text : texts)
+            elements.addString(text);
+        lisp.returnList(elements);
+    }
 };
 
 } // namespace

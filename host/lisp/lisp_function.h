@@ -12,7 +12,7 @@ struct LispAnswer {
 
     struct Nil {};
     struct Truth {};
-    using Value = std::variant<Nil, Truth, int, CString>;
+    using Value = std::variant<Nil, Truth, int, CString, CStringArray>;
 
     Value value = Nil();
     int status = completed;
@@ -21,6 +21,7 @@ struct LispAnswer {
     static LispAnswer truth(bool holds) { return {holds ? Value(Truth()) : Value(Nil()), completed}; }
     static LispAnswer number(int number) { return {number, completed}; }
     static LispAnswer text(CString text) { return {std::move(text), completed}; }
+    static LispAnswer list(CStringArray texts) { return {std::move(texts), completed}; }
     static LispAnswer wrong() { return {Nil(), wrongCall}; }
 };
 

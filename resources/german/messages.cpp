@@ -162,7 +162,7 @@ constexpr Message texts[] = {
     {message::commandRefusedTitle, u"Projektmanager"},
     {message::drawingsNotOpened, u"Nicht geöffnete Zeichnungen: %d."},
     {message::drawingsListedBefore, u"Hinzugefügte Zeichnungen: %d. Bereits im Projekt %s: %d."},
-    {message::fileNamesNotChanged, u"Geänderte Dateinamen: %d. Nicht geändert: %d."},
+    {message::fileNamesChanged, u"Geänderte Dateinamen:"},
     {message::drawingCopied, u"%s wurde zum Projekt %s hinzugefügt."},
     {message::changingFileNames, u"Dateinamen werden geändert"},
     {message::fileNamesNotPutBack,
@@ -247,7 +247,6 @@ constexpr Message texts[] = {
     {message::testRunScript, u"Skript ausführen?"},
     {message::testRunOwnScript, u"Ryv-Skript?"},
     {message::testChooseDrawingTitle, u"Zeichnung wählen"},
-    {message::dialogMissing, u"%s gibt es in dieser Version noch nicht."},
 };
 // clang-format on
 

@@ -1,9 +1,8 @@
 // What the module's LISP functions do when they are called as they should be.
-#include "base/format.h"
-#include "resources/message_numbers.h"
 #include "tests/host/lisp_fixture.h"
 #include "tests/support/fault_files.h"
 #include "tests/support/memory_drawing.h"
+#include "toolkit/dialog_script.h"
 
 namespace ryv::test {
 namespace {
@@ -117,14 +116,29 @@ TEST_F(LispFunctionsTest, taskDialog_getsItsValuesInTheOrderOfTheirKeys) {
     EXPECT_EQ(call(u"ryv_taskdialog", CString(u"D")), "nil/1");
 }
 
-TEST_F(LispFunctionsTest, overrideDialog_saysThatItIsNotThere) {
+TEST_F(LispFunctionsTest, overrideDialog_givesSixteenValuesBack) {
+    CStringArray values{u"%N", u"%S.%N", u"0", u"4", u"0", u"...", u"1", u", ", u"1", u"0", u"NO,NC",
+        u"Standard", u"%T", u"1,2", u"A,B", u"MC,L"};
+    HostResultBuffer arguments = HostResultBuffer().addStrings(values);
     EXPECT_EQ(call(u"ryv_croverridedlg", HostResultBuffer().addStrings(CStringArray(15, u"x"))), "nil/3");
-    surroundings.console.printed.clear();
-    EXPECT_EQ(call(u"ryv_croverridedlg", HostResultBuffer().addStrings(CStringArray(16, u"x"))), "nil/1");
-    EXPECT_EQ(surroundings.console.printed,
-        u"\n" +
-            format(messageText(message::dialogMissing), {u"The dialog for a component's cross-references"}) +
-            u"\n");
+    EXPECT_EQ(call(u"ryv_croverridedlg", HostResultBuffer().addStrings(CStringArray(17, u"x"))), "nil/3");
+    EXPECT_EQ(call(u"ryv_croverridedlg", arguments), "nil/1") << "cancelled";
+    surroundings.ui.answerDialog([](Dialog& dialog) {
+        dialog.begin();
+        const ScriptResult done = runDialogScript(
+            dialog, u"referenceFormat=%N/%S; fillUnused=1; referenceStyle=Table; tableTitle=Ways; ok");
+        EXPECT_TRUE(done.ok()) << toUtf8(done.failedStep + u": " + done.problem);
+        return dialog.result();
+    });
+    const LispReply reply = surroundings.lisp.call(u"ryv_croverridedlg", arguments);
+    EXPECT_TRUE(reply.isList);
+    values[0] = u"%N/%S";
+    values[2] = u"2";
+    values[3] = u"5";
+    values[12] = u"Ways";
+    ASSERT_EQ(reply.value.size(), values.size());
+    for (std::size_t i = 0; i < values.size(); ++i)
+        EXPECT_EQ(*reply.value.stringAt(i), values[i]) << i;
 }
 
 TEST_F(LispFunctionsTest, copyFile_makesACopyThatMayBeWritten) {

@@ -42,6 +42,23 @@ TEST_F(PaletteSetTest, creation_makesWhatTheHostHasToKnow) {
     EXPECT_EQ(hostPalette().bottomGroup.pages[0].second, &palette.details());
     EXPECT_EQ(hostPalette().bottomGroup.pages[1].second, &palette.preview());
     EXPECT_FALSE(palette.details().type(u"of the user"));
+    EXPECT_EQ(hostPalette().header, &palette.projects());
+    EXPECT_FALSE(palette.projects().rows().empty());
+}
+
+TEST_F(PaletteSetTest, controlsOfAnotherModule_takeThePlaceOfTheUsualOnes) {
+    struct OtherTree : CProjectTree {};
+    struct OtherBox : RyvPrmComboBox {};
+    class Other final : public IRyvPrmControlFactoryImpl {
+        void Destroy() override { delete this; }
+        CProjectTree* NewProjectTree() override { return new OtherTree; }
+        RyvPrmComboBox* NewProjectComboBox() override { return new OtherBox; }
+    };
+    RyvPrmControlFactory::Instance().RegisterImplementation(new Other);
+    start();
+    EXPECT_TRUE(dynamic_cast<OtherTree*>(&nav->firstPalette()->tree()));
+    EXPECT_TRUE(dynamic_cast<OtherBox*>(&nav->firstPalette()->projects()));
+    RyvPrmControlFactory::Instance().RegisterImplementation(nullptr);
 }
 
 TEST_F(PaletteSetTest, firstShow_floatsHalfTheScreenHighOverTheDocument) {

@@ -131,7 +131,7 @@ TEST_F(BridgeInHostTest, projectFile_followsTheDialogs) {
     EXPECT_EQ(texts(edit), "false");
     EXPECT_EQ(
         texts([](CStringArray& lines) { return lisp::editDescriptionLines(u"New", {u"a"}, lines); }), "|b");
-    EXPECT_EQ(texts(edit), "false") << "no line is left";
+    EXPECT_EQ(texts(edit), "") << "no line is left";
     EXPECT_FALSE(fileHolds("*["));
     EXPECT_TRUE(lisp::updateDrawingList());
 }
@@ -168,7 +168,8 @@ TEST_F(BridgeInHostTest, setUps_giveValuesAsEdited_andFalseWhenCancelled) {
            "form wire_suffixes: value=w\nform wire_suffixes: cancel\nform wire_properties: value=p\n"
            "form wire_properties: cancel\nform ladder_references: kind=4\nform ladder_references: cancel\n"
            "form ladder_grid: 2=y\nform ladder_grid: cancel\nform wire_formats: 2=B=%N\n"
-           "form wire_formats: cancel\nform inline_gap: 1=3.5\nform inline_gap: cancel\n");
+           "form wire_formats: cancel\nform wire_formats: 1=\nform wire_formats: cancel\n"
+           "form inline_gap: 1=3.5\nform inline_gap: cancel\n");
     const std::vector<std::pair<std::function<std::string()>, const char*>> cases = {
         {[] {
              return outcome<lisp::GraphicalReferenceValues>([](auto& edited) {
@@ -190,6 +191,7 @@ TEST_F(BridgeInHostTest, setUps_giveValuesAsEdited_andFalseWhenCancelled) {
             "1|y"},
         {[] { return texts([](auto& edited) { return lisp::setUpWireFormatByLayer(u"A=1;C=2", edited); }); },
             "A=1|B=%N"},
+        {[] { return texts([](auto& edited) { return lisp::setUpWireFormatByLayer(u"A=1", edited); }); }, ""},
         {[] {
              return outcome<std::vector<double>>([](auto& gap) {
                  return lisp::setUpInlineGap({0.5, 1.25}, gap);

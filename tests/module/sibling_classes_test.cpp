@@ -1,5 +1,6 @@
 // Every class and function that the module exports, as another module uses them: what is linked here is the
 // module's file, and what is included are its headers. Each test fails to link when something stays inside.
+#include "RyvPageMan/controls.h"
 #include "RyvPageMan/host.h"
 #include "RyvPageMan/manager.h"
 #include "RyvPageMan/model.h"
@@ -177,6 +178,39 @@ TEST(SiblingEvents, veto_isAsked) {
     EXPECT_TRUE(events.sendEventVetoCheck());
     events.__RemoveAllEventHandlers(&receiver);
     EXPECT_FALSE(events.sendEventVetoCheck());
+}
+
+TEST(SiblingControls, factory_makesThoseOfTheSibling) {
+    struct Box : RyvPrmComboBox {
+        void OnItemSelection(const ryvprmComboDataTag& data) override { selected = data.kind; }
+        std::int32_t selected = 0;
+    };
+    class Own final : public IRyvPrmControlFactoryImpl {
+    public:
+        explicit Own(bool& ended) : ended_(ended) {}
+        void Destroy() override {
+            ended_ = true;
+            delete this;
+        }
+        CProjectTree* NewProjectTree() override { return nullptr; }
+        RyvPrmComboBox* NewProjectComboBox() override { return new Box; }
+
+    private:
+        bool& ended_;
+    };
+    bool ended = false;
+    RyvPrmControlFactory& factory = RyvPrmControlFactory::Instance();
+    factory.RegisterImplementation(new Own(ended));
+    const std::unique_ptr<RyvPrmComboBox> box = factory.NewProjectComboBox();
+    auto* const own = dynamic_cast<Box*>(box.get());
+    ASSERT_NE(own, nullptr);
+    own->Create();
+    own->InsertItem(0, {77, {}, u"Own", true});
+    EXPECT_TRUE(own->choose(0));
+    EXPECT_EQ(own->selected, 77);
+    EXPECT_NE(factory.NewProjectTree(), nullptr);
+    factory.RegisterImplementation(nullptr);
+    EXPECT_TRUE(ended);
 }
 
 TEST(SiblingFunctions, beforeTheStart_thereIsNothing) {

@@ -1,5 +1,6 @@
 #include "ui/tree/item_names.h"
 
+#include "base/file_names.h"
 #include "base/fold.h"
 #include "base/paths.h"
 #include "base/text.h"
@@ -18,10 +19,6 @@ CStringView lastName(CStringView trace) noexcept {
 CStringView traceAbove(CStringView trace) noexcept {
     const std::size_t slash = trace.rfind(u'/');
     return slash == CStringView::npos ? CStringView() : trace.substr(0, slash);
-}
-
-bool hasControls(CStringView name) noexcept {
-    return std::any_of(name.begin(), name.end(), [](char16_t unit) { return unit < u' '; });
 }
 
 bool hasSibling(const RyvPrmProjectData& project, CStringView trace, CStringView name) {
@@ -44,7 +41,7 @@ NameProblem problemOfSubfolderName(const RyvPrmProjectData& project, CStringView
         return NameProblem::noName;
     if (equalNoCase(name, lastName(trace)))
         return NameProblem::none;
-    if (hasControls(name) || name.find_first_of(forbiddenInSubfolderNames) != CStringView::npos)
+    if (holdsControls(name) || name.find_first_of(forbiddenInSubfolderNames) != CStringView::npos)
         return NameProblem::forbidden;
     return hasSibling(project, trace, name) ? NameProblem::taken : NameProblem::none;
 }
@@ -60,7 +57,7 @@ NameProblem problemOfDrawingName(const RyvPrmProjectData& project, CStringView d
     const CStringView name = trim(text);
     if (name.empty() || name.front() == u'.')
         return NameProblem::noName;
-    if (hasControls(name) || name.find_first_of(forbiddenInFileNames) != CStringView::npos)
+    if (!isFileName(name))
         return NameProblem::forbidden;
     const std::optional<CString> path = renamedDrawing(drawing, text);
     if (!path)

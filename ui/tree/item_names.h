@@ -11,9 +11,6 @@ namespace ryv {
 /// saying.
 inline constexpr CStringView forbiddenInSubfolderNames = u"<>/\\\"':;?*|,=`";
 
-/// The same of file names.
-inline constexpr CStringView forbiddenInFileNames = u"<>:\"/\\|?*";
-
 enum class NameProblem {
     none,
     noName,    ///< nothing but blanks, or of a drawing, nothing in front of the extension

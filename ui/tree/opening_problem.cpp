@@ -1,12 +1,12 @@
 #include "ui/tree/opening_problem.h"
 
-#include "base/encoding.h"
 #include "base/format.h"
 #include "base/paths.h"
 #include "bridge/platform.h"
 #include "manager/nav_state.h"
 #include "manager/project_manager.h"
 #include "manager/shown_messages.h"
+#include "resources/file_reasons.h"
 #include "resources/message_numbers.h"
 #include "resources/messages.h"
 
@@ -24,7 +24,7 @@ CString problemOfFile(CStringView drawing) {
     if (status.ok())
         return {};
     if (status.error != FileError::missing)
-        return format(messageText(message::drawingNotOpened), {name, decodeUtf8(describe(status.error))});
+        return format(messageText(message::drawingNotOpened), {name, fileReason(status.error)});
     const CString folder = paths::folderOf(drawing);
     const bool hasFolder = files.information(folder, found).ok();
     return format(messageText(hasFolder ? message::drawingFileNotFound : message::drawingFolderNotFound),

@@ -3,6 +3,7 @@
 
 #include "manager/nav_state.h"
 #include "toolkit/control_page.h"
+#include "ui/tree/control_factory.h"
 #include "ui/tree/project_tree.h"
 
 #include <array>
@@ -28,8 +29,8 @@ public:
 
     /// Hooks itself and the tree to the project manager, if there is one. The navigation manager outlives the
     /// tab; the project manager may end before it.
-    explicit RyvPrmProjectTab(
-        NavState& nav, std::unique_ptr<CProjectTree> tree = std::make_unique<CProjectTree>());
+    explicit RyvPrmProjectTab(NavState& nav,
+        std::unique_ptr<CProjectTree> tree = RyvPrmControlFactory::Instance().NewProjectTree());
     RyvPrmProjectTab(const RyvPrmProjectTab&) = delete;
     RyvPrmProjectTab& operator=(const RyvPrmProjectTab&) = delete;
     ~RyvPrmProjectTab();

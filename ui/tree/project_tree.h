@@ -3,6 +3,7 @@
 
 #include "base/event.h"
 #include "manager/project_manager.h"
+#include "platform/os/files.h"
 #include "platform/services/project_database.h"
 #include "toolkit/menu.h"
 #include "toolkit/notice_line.h"
@@ -286,7 +287,9 @@ public:
     virtual bool RenameTreeItem(TreeItem& item, const CString& text);
     /// Renames a drawing's file, through its document when it is open in the host. Never replaces a file
     /// that is there; a change of case only is allowed with `caseOnly`. False when the file is what it was.
+    /// Tells the reason itself unless `caseOnly`.
     virtual bool DoActualFileRename(CStringView oldPath, CStringView newPath, bool caseOnly);
+    FileError lastRenameError() const noexcept { return lastRenameError_; }
     /// The typed text may not be a name: what a view says of it while it is being typed; empty when it may.
     CString problemOfName(const TreeItem& item, const CString& text) const;
     CString problemOfLabel(const TreeItem& item, const CString& text) const override {
@@ -396,6 +399,7 @@ private:
     bool nameRejected_ = false;
     TreeItem* rejectedItem_ = nullptr; ///< to be edited again when the editing is over
     CString rejectedText_;
+    FileError lastRenameError_ = FileError::none;
     CString draggedFrom_;                   ///< project
     std::vector<ItemAddress> draggedItems_; ///< in the order of the tree
     std::weak_ptr<MoveOffer> moveOffer_;    ///< lives as long as the notice line has it

@@ -4,8 +4,12 @@
 #include "base/format.h"
 #include "base/paths.h"
 #include "bridge/platform.h"
+#include "manager/shown_messages.h"
+#include "resources/file_reasons.h"
 #include "resources/message_numbers.h"
 #include "resources/messages.h"
+#include "resources/setting_message_numbers.h"
+#include "ui/dialogs/work/report_dialog.h"
 #include "ui/tree/project_work.h"
 #include "ui/tree/row_name.h"
 
@@ -39,16 +43,40 @@ std::vector<Rename> renamesBelow(const std::vector<TreeItem*>& rows, Fold fold) 
     return renames;
 }
 
-bool renameOnDisk(CProjectTree& tree, ProjectWork& work, const Rename& rename) {
+/// What came of the work, drawing by drawing.
+struct Report {
+    CStringArray changed;
+    CStringArray skipped; ///< with the reason
+    bool cancelled = false;
+
+    CStringArray lines(std::size_t wanted) const {
+        CStringArray lines;
+        addGroup(lines, messageText(message::fileNamesChanged), changed);
+        addGroup(lines, messageText(message::settingsSkipped), skipped);
+        if (cancelled)
+            addGroup(lines, {},
+                {format(messageText(message::settingsCancelled), {changed.size() + skipped.size(), wanted})});
+        return lines;
+    }
+};
+
+/// Why it was not done; empty when it was.
+CString renameOnDisk(CProjectTree& tree, ProjectWork& work, const Rename& rename) {
     const auto project = work.project(); // null when files get their old names back after it was closed
     if (!work.lockDrawing(rename.from))
-        return false;
+        return work.listedRefusal();
     ProjectDatabase& database = *platform().services.projectDatabase;
     database.PmRenameStarted(work.projectId(), rename.from, project ? project->GetFileId(rename.from) : 0);
     const bool renamed = tree.DoActualFileRename(rename.from, rename.to, true);
     database.PmRenameCompleted(work.projectId(), renamed ? CStringView(rename.to) : CStringView());
     work.unlockDrawing(rename.from);
-    return renamed;
+    return renamed ? CString()
+                   : format(messageText(message::workListedNotDone),
+                         {shownPath(rename.from), fileReason(tree.lastRenameError())});
+}
+
+CString goneFrom(const Rename& rename) {
+    return format(messageText(message::workListedGone), {shownPath(rename.from)});
 }
 
 bool isListed(const ProjectWork& work, const Rename& rename) {
@@ -60,7 +88,7 @@ bool isListed(const ProjectWork& work, const Rename& rename) {
 std::size_t putBack(CProjectTree& tree, ProjectWork& work, const std::vector<Rename>& renames) {
     return static_cast<std::size_t>(
         std::count_if(renames.rbegin(), renames.rend(), [&](const Rename& rename) {
-            return !renameOnDisk(tree, work, {rename.to, rename.from});
+            return !renameOnDisk(tree, work, {rename.to, rename.from}).empty();
         }));
 }
 
@@ -103,40 +131,57 @@ std::vector<Rename> unwritten(const ProjectWork& work, const std::vector<Rename>
     return left;
 }
 
-void FlipFileNameCase(CProjectTree& tree, ProjectWork& work, const std::vector<Rename>& wanted) {
+/// The files that have their new names now.
+std::vector<Rename> renameAll(
+    CProjectTree& tree, ProjectWork& work, const std::vector<Rename>& wanted, Report& report) {
     std::vector<Rename> done;
-    std::size_t failed = 0;
-    {
-        const auto progress = platform().ui->beginProgress(message::changingFileNames, wanted.size());
-        for (std::size_t i = 0; i < wanted.size(); ++i) {
-            if (!work.project() || !progress->step(i, paths::findFileName(wanted[i].from)))
-                break;
-            if (isListed(work, wanted[i]) && renameOnDisk(tree, work, wanted[i]))
-                done.push_back(wanted[i]);
-            else
-                ++failed;
-        }
+    const auto progress = platform().ui->beginProgress(message::changingFileNames, wanted.size());
+    for (std::size_t i = 0; i < wanted.size() && !report.cancelled; ++i) {
+        const Rename& each = wanted[i];
+        if (!work.project() || !progress->step(i, paths::findFileName(each.from)))
+            report.cancelled = true;
+        else if (CString reason = isListed(work, each) ? renameOnDisk(tree, work, each) : goneFrom(each);
+                 reason.empty())
+            done.push_back(each);
+        else
+            report.skipped.push_back(std::move(reason));
     }
+    return done;
+}
+
+/// Empty when the project cannot be written, which has been told then.
+Report FlipFileNameCase(CProjectTree& tree, ProjectWork& work, const std::vector<Rename>& wanted) {
+    Report report;
+    std::vector<Rename> done = renameAll(tree, work, wanted, report);
     const std::vector<Rename> unlisted = takeUnlisted(work, done);
     std::size_t stuck = putBack(tree, work, unlisted);
     const bool written = renameInProject(work, done) || work.wasWritten();
     if (!written)
         stuck += putBack(tree, work, unwritten(work, done));
-    failed += unlisted.size();
     if (stuck > 0)
         tree.notice().tell(format(messageText(message::fileNamesNotPutBack), {stuck}));
-    else if (written && failed > 0)
-        tree.notice().tell(format(messageText(message::fileNamesNotChanged), {done.size(), failed}));
+    if (!written)
+        return {};
+    std::transform(unlisted.begin(), unlisted.end(), std::back_inserter(report.skipped), goneFrom);
+    for (const Rename& each : done)
+        report.changed.push_back(shownPath(each.to));
+    return report;
 }
 
+/// The rows show what was done; what was not is told.
 void StartFlipFileNameCase(CProjectTree& tree, Fold fold) {
     const std::vector<TreeItem*> rows = selectedRows(tree);
     const std::vector<Rename> renames = renamesBelow(rows, fold);
     if (renames.empty())
         return;
-    ProjectWork work(tree, CProjectTree::GetProjectOfItem(rows.front()));
-    if (work.lock())
-        FlipFileNameCase(tree, work, renames);
+    Report report;
+    {
+        ProjectWork work(tree, CProjectTree::GetProjectOfItem(rows.front()));
+        if (work.lock())
+            report = FlipFileNameCase(tree, work, renames);
+    }
+    if (report.cancelled || !report.skipped.empty())
+        showReport(CString(messageText(message::changingFileNames)), report.lines(renames.size()));
 }
 
 } // namespace

@@ -1,12 +1,12 @@
 // Copying a drawing to a new file that a project gets.
 
-#include "base/encoding.h"
 #include "base/fold.h"
 #include "base/paths.h"
 #include "bridge/lisp.h"
 #include "bridge/platform.h"
 #include "manager/nav_state.h"
 #include "manager/shown_messages.h"
+#include "resources/file_reasons.h"
 #include "resources/message_numbers.h"
 #include "resources/messages.h"
 #include "siblings/copy_file.h"
@@ -103,7 +103,7 @@ bool copyOnDisk(const CString& from, const CString& to) {
         showMessage({message::drawingExists, message::commandRefusedTitle}, {shownPath(to)});
     else if (!status.ok())
         showMessage({message::drawingNotCopied, message::commandRefusedTitle},
-            {shownPath(to), decodeUtf8(describe(status.error))});
+            {shownPath(to), fileReason(status.error)});
     return status.ok();
 }
 

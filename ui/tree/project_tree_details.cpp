@@ -5,8 +5,10 @@
 #include "base/paths.h"
 #include "bridge/platform.h"
 #include "manager/shown_messages.h"
+#include "network/network_places.h"
 #include "resources/message_numbers.h"
 #include "resources/messages.h"
+#include "resources/project_list_message_numbers.h"
 #include "ui/tree/row_name.h"
 
 namespace ryv {
@@ -35,6 +37,9 @@ void addLine(CString& text, int label, CStringView value) {
 void addPlace(CString& text, CStringView path) {
     addLine(text, message::detailsFileName, paths::findFileName(path));
     addLine(text, message::detailsFolder, shownPath(paths::folderOf(path)));
+    const CString shared = navState() ? navState()->networkPlaces().networkPathOf(path) : CString();
+    if (!shared.empty())
+        addLine(text, message::detailsNetworkPath, shared);
 }
 
 CString sizeText(std::uint64_t bytes) {

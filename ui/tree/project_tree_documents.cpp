@@ -105,8 +105,7 @@ void CProjectTree::DrawingMenuReplace() {
         return;
     ProjectWork work(*this, row.projectId);
     const auto project = work.project();
-    if (project && project->isOZMProject() &&
-        askTask(u"RyvPageMan.ReplaceDrawingLinkBreak") != task_button::yes)
+    if (project && project->isLinked() && askTask(u"RyvPageMan.ReplaceDrawingLinkBreak") != task_button::yes)
         return;
     // Locking runs LISP in a document, which is busy then until the host is idle.
     HostDocuments& documents = *platform().host.documents;

@@ -1,13 +1,13 @@
 // How the project tree follows the projects.
 #include "ui/tree/project_tree.h"
 
-#include "base/encoding.h"
 #include "base/fold.h"
 #include "base/format.h"
 #include "base/text.h"
 #include "bridge/platform.h"
 #include "bridge/waiting.h"
 #include "manager/shown_messages.h"
+#include "resources/file_reasons.h"
 #include "resources/message_numbers.h"
 #include "resources/messages.h"
 
@@ -160,7 +160,7 @@ void CProjectTree::handlePendingRereads() {
             rebuild(projectId);
         } catch (...) {
             problems_.add(format(messageText(message::projectNotReadAgain),
-                {shownPath(projectId), decodeUtf8(describe(FileError::other))}));
+                {shownPath(projectId), fileReason(FileError::other)}));
         }
     }
 }

@@ -5,6 +5,8 @@
 #include "bridge/platform.h"
 #include "bridge/project_calls.h"
 #include "manager/nav_state.h"
+#include "resources/message_numbers.h"
+#include "resources/messages.h"
 #include "ui/tree/document_needed.h"
 #include "ui/tree/project_work.h"
 #include "ui/tree/row_name.h"
@@ -37,6 +39,9 @@ void makeDrawing(CProjectTree& tree, CStringView trace) {
     RyvPrmProjectManager* const manager = GetProjectManager();
     if (!manager || !hasDocumentOrTells(tree))
         return;
+    CString active;
+    if (!manager->getActiveProjectID(active))
+        return tree.notice().tell(CString(messageText(message::workNeedsProject)));
     manager->SetNewDwgSubfolderTrace(trace);
     runInApplicationContext(CommandString::newDrawing);
 }
@@ -60,6 +65,8 @@ bool editLines(ProjectWork& work) {
     manager.makeProjectPrettyNameFromID(work.projectId(), name);
     if (!lisp::editDescriptionLines(name, CStringArray(present.begin(), present.end()), lines))
         return false;
+    while (!lines.empty() && lines.back().empty())
+        lines.pop_back();
     const auto project = work.project();
     if (!project)
         return false;
@@ -142,13 +149,5 @@ void CProjectTree::EmptySelectMenuNewDrawing() {
 void CProjectTree::EmptySelectMenuNewProject() {
     run(*this, CommandString::newProject);
 }
-
-// Operations that wait for dialogs of a later version; their commands cannot be chosen.
-
-void CProjectTree::ProjectMenuExceptionList() {}
-void CProjectTree::PropsMenuApplyProjDefaults() {}
-void CProjectTree::DrawingPropsMenuApplyProjDefaults() {}
-void CProjectTree::DrawingPropsMenuCopy() {}
-void CProjectTree::DrawingPropsMenuPaste() {}
 
 } // namespace ryv

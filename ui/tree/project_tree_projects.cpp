@@ -1,11 +1,6 @@
 // Commands of the project tree on open projects as a whole.
 
-#include "base/fold.h"
-#include "bridge/environment.h"
-#include "bridge/platform.h"
-#include "manager/shown_messages.h"
-#include "resources/message_numbers.h"
-#include "resources/messages.h"
+#include "ui/tree/project_opening.h"
 #include "ui/tree/row_name.h"
 
 namespace ryv {
@@ -16,28 +11,6 @@ namespace {
 CString neighbourOf(const TreeItem& project) {
     const TreeItem* const neighbour = project.next() ? project.next() : project.previous();
     return neighbour ? CProjectTree::GetProjectOfItem(neighbour) : CString();
-}
-
-CString chooseProject() {
-    FileRequest request;
-    request.title = message::openProjectTitle;
-    request.text = messageText(request.title);
-    request.extension = u".kqp";
-    readEnvironment(u"KQ_PICKPRJDLG", request.folder);
-    const std::vector<CString> chosen = platform().ui->chooseFiles(request);
-    return chosen.empty() ? CString() : chosen.front();
-}
-
-/// One of the same name gives way, if the user agrees; the same one only becomes active.
-void openOrReplace(RyvPrmProjectManager& manager, const CString& id) {
-    CString existing;
-    const bool sameName = manager.isProjectSameNameAsExisting(id, &existing);
-    if (sameName && !equalNoCase(existing, id)) {
-        manager.replaceOpenProjectWithPrompt(existing, id, true);
-        return;
-    }
-    if (!manager.openProject(id, true))
-        showMessage({message::projectNotOpened, message::projectNotOpenedTitle}, {shownPath(id)});
 }
 
 } // namespace
@@ -70,9 +43,9 @@ void CProjectTree::EmptySelectMenuOpenProject() {
     RyvPrmProjectManager* const manager = GetProjectManager();
     if (!manager || manager->sendEventVetoCheck())
         return;
-    const CString id = chooseProject();
-    if (!id.empty() && GetProjectManager())
-        openOrReplace(*GetProjectManager(), id);
+    const CString id = chooseProjectFile();
+    if (!id.empty())
+        openOrReplaceProject(id);
 }
 
 void CProjectTree::MenuExpandAll() {

@@ -71,8 +71,8 @@ RowName survivorOf(const CProjectTree& tree) {
 }
 
 CStringView questionFor(const RyvPrmProject& project, const ToRemove& all) {
-    return !all.traces.empty() && project.isOZMProject() ? u"RyvPageMan.RemoveSubfoldersAndDrawingsLinkBreak"
-                                                         : u"RyvPageMan.RemoveSubfoldersAndDrawings";
+    return !all.traces.empty() && project.isLinked() ? u"RyvPageMan.RemoveSubfoldersAndDrawingsLinkBreak"
+                                                     : u"RyvPageMan.RemoveSubfoldersAndDrawings";
 }
 
 /// Everything goes with one write: a failure between two would leave half of it.

@@ -2,12 +2,13 @@
 #include "ui/tree/project_tree.h"
 
 #include "base/at_end.h"
-#include "base/encoding.h"
+#include "base/file_names.h"
 #include "base/fold.h"
 #include "base/paths.h"
 #include "base/text.h"
 #include "bridge/platform.h"
 #include "manager/shown_messages.h"
+#include "resources/file_reasons.h"
 #include "resources/message_numbers.h"
 #include "resources/messages.h"
 #include "siblings/rename_file.h"
@@ -231,10 +232,11 @@ bool CProjectTree::DoActualFileRename(CStringView oldPath, CStringView newPath, 
     const FileStatus status = document == DocumentId::none
                                   ? renameWithoutReplacing(*platform().os.files, oldPath, newPath)
                                   : documents.renameFile(document, newPath);
+    lastRenameError_ = status.error;
     if (!status.ok() && !caseOnly) {
         const CString reason = status.error == FileError::exists
                                    ? format(messageText(message::nameTaken), {paths::findFileName(newPath)})
-                                   : decodeUtf8(describe(status.error));
+                                   : fileReason(status.error);
         showMessage({message::fileNotRenamed, message::fileNotRenamedTitle}, {shownPath(oldPath), reason});
     }
     return status.ok();

@@ -2,7 +2,7 @@
 // however the change ends.
 #pragma once
 
-#include "base/strings.h"
+#include "manager/file_locks.h"
 #include "ui/tree/at_work.h"
 
 #include <memory>
@@ -21,10 +21,8 @@ public:
     ProjectWork(CProjectTree& tree, CStringView projectId);
     ProjectWork(const ProjectWork&) = delete;
     ProjectWork& operator=(const ProjectWork&) = delete;
-    /// Unlocks what is still locked, also when it goes because something threw.
-    ~ProjectWork();
 
-    const CString& projectId() const noexcept { return projectId_; }
+    const CString& projectId() const noexcept { return locks_.projectId(); }
 
     /// Locks the project file and those drawings that will be written themselves (renamed, say); of all other
     /// files of the project it is only asked whether somebody works on them. False: nothing is locked, and
@@ -32,12 +30,14 @@ public:
     [[nodiscard]] bool lock(const CStringArray& drawings = {});
 
     /// Locks one more drawing. A long row of drawings is locked one at a time, since a lock is an open file.
-    /// False, with a notice, when somebody else works on it; what was locked before stays locked.
-    [[nodiscard]] bool lockDrawing(const CString& drawing);
-    void unlockDrawing(const CString& drawing);
+    /// False when it cannot be locked, with the reason in listedRefusal(); what was locked before stays
+    /// locked.
+    [[nodiscard]] bool lockDrawing(const CString& drawing) { return locks_.lock({drawing}); }
+    const CString& listedRefusal() const noexcept { return locks_.listedRefusal(); }
+    void unlockDrawing(const CString& drawing) { locks_.unlock(drawing); }
 
-    /// Unlocks everything, before the end.
-    void unlock();
+    /// Unlocks everything, before the end; the end does so too, also when something throws.
+    void unlock() { locks_.unlock(); }
 
     /// The project as long as it is open, else null. Whoever holds it keeps it alive, not open.
     std::shared_ptr<RyvPrmProject> project() const;
@@ -61,15 +61,13 @@ public:
     bool reRead();
 
 private:
-    bool lockFiles(const CStringList& files, bool looksOnly);
-    void tellRefusal(const CStringList& files, bool looksOnly);
+    void tellRefusal();
     void tellWriteFailure(const RyvPrmProject& project);
     CString projectName() const;
 
     CProjectTree& tree_;
     const AtWork atWork_;
-    CString projectId_;
-    CStringList locked_;
+    FileLocks locks_;
     bool written_ = false;
 };
 

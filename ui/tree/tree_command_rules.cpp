@@ -1,6 +1,7 @@
 #include "ui/tree/tree_command_rules.h"
 
 #include "bridge/platform.h"
+#include "ui/dialogs/work/settings_work.h"
 #include "ui/tree/open_documents.h"
 #include "ui/tree/row_name.h"
 
@@ -52,10 +53,6 @@ bool isUsable(_lockStatus status) {
 
 bool always(const CProjectTree&) {
     return true;
-}
-
-bool isOfLaterVersion(const CProjectTree&) {
-    return false;
 }
 
 bool hasActiveProject(const CProjectTree&) {
@@ -116,6 +113,10 @@ bool isSubfolderOfActiveProject(const CProjectTree& tree) {
     return isSubfolder(tree) && isInActiveProject(tree);
 }
 
+bool isSubfolderWithDrawings(const CProjectTree& tree) {
+    return isSubfolder(tree) && hasBelowContext(tree, TreeItemType::drawing);
+}
+
 bool isContainer(const CProjectTree& tree) {
     return isProject(tree) || isSubfolder(tree);
 }
@@ -146,6 +147,10 @@ bool isUsableDrawing(const CProjectTree& tree) {
 
 bool isOneUsableDrawing(const CProjectTree& tree) {
     return isOneDrawing(tree) && isUsableDrawing(tree);
+}
+
+bool isUsableDrawingToPasteTo(const CProjectTree& tree) {
+    return hasCopiedSettings() && isUsableDrawing(tree);
 }
 
 bool isOpenDrawing(const CProjectTree& tree) {

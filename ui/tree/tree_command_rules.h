@@ -7,8 +7,6 @@
 namespace ryv::tree_rules {
 
 bool always(const CProjectTree& tree);
-/// For what this version has nothing to run: the command stands in its menu, so that menus keep their shape.
-bool isOfLaterVersion(const CProjectTree& tree);
 bool hasActiveProject(const CProjectTree& tree);
 
 bool isProject(const CProjectTree& tree);
@@ -28,6 +26,7 @@ bool isListOfActiveProject(const CProjectTree& tree);
 bool isSubfolder(const CProjectTree& tree);
 bool isOneSubfolder(const CProjectTree& tree);
 bool isSubfolderOfActiveProject(const CProjectTree& tree);
+bool isSubfolderWithDrawings(const CProjectTree& tree);
 /// A project or a subfolder.
 bool isContainer(const CProjectTree& tree);
 bool isContainerWithDrawings(const CProjectTree& tree);
@@ -39,6 +38,8 @@ bool isOneDrawing(const CProjectTree& tree);
 /// A drawing whose file is there and not locked by somebody else.
 bool isUsableDrawing(const CProjectTree& tree);
 bool isOneUsableDrawing(const CProjectTree& tree);
+/// There are settings to be pasted, too.
+bool isUsableDrawingToPasteTo(const CProjectTree& tree);
 /// One of the selected drawings is open in the host.
 bool isOpenDrawing(const CProjectTree& tree);
 /// Drawings or subfolders, or both.

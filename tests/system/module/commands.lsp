@@ -1,11 +1,11 @@
 ;; The commands of the module: what they print and do, without a project and with one.
 (load (strcat (getenv "HERE") "/steps.lsp"))
-(foreach name '("RYVPROJECTPROPS" "RYVNEWPROJECT" "RYVDRAWINGPROPS" "RYVNEWDRAWING" "RYVCONTINUENEWDRAWING"
+(foreach name '("RYVPROJECTPROPS" "RYVDRAWINGPROPS" "RYVNEWDRAWING" "RYVCONTINUENEWDRAWING"
     "RYVCOMPAREDTOP" "TESTPM" "TESTPM2" "RYNAVCOPYTO")
   (run name))
 (setq project (path-full "pump-station/Pump Station.kqp"))
 (ryv_openproject project 1)
-(foreach name '("_RyvProjectProps" "_.RYVNEWDRAWING" "_TestPM" "TestPM2" "RYNAVCOPYTO")
+(foreach name '("_RyvProjectProps" "_TestPM" "TestPM2" "RYNAVCOPYTO")
   (run name))
 (prin1 (ryv_getprojectlockstatus project))
 (terpri)

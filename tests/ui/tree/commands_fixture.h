@@ -6,8 +6,11 @@
 #include "tests/support/fault_files.h"
 #include "tests/support/project_builder.h"
 #include "tests/ui/tree/tree_fixture.h"
+#include "toolkit/text_field.h"
+#include "ui/dialogs/work/report_dialog.h"
 #include "ui/tree/tree_commands.h"
 
+#include <algorithm>
 #include <initializer_list>
 
 namespace ryv::test {
@@ -58,10 +61,23 @@ protected:
     }
 
     std::string noticeText() { return toUtf8(tree->notice().text()); }
+    /// What the next report will say, its lines parted by "|".
+    const std::string& nextReport() {
+        report_.clear();
+        surroundings.ui.answerDialog([this](Dialog& dialog) {
+            report_ = toUtf8(dialog.control<TextField>(SettingsReportDlg::textId).text());
+            std::replace(report_.begin(), report_.end(), '\n', '|');
+            return Dialog::idCancel;
+        });
+        return report_;
+    }
     std::size_t lockCount() const { return surroundings.lockCheck.locked.size(); }
 
     FaultFiles faults{files};
     CString id;
+
+private:
+    std::string report_;
 };
 
 } // namespace ryv::test

@@ -206,8 +206,10 @@ TEST_F(Commands, fileNames_changeTheirCaseOnDiskAndInTheProject) {
     EXPECT_NE(std::find(paths.begin(), paths.end(), path("S1.DWG")), paths.end());
     EXPECT_EQ(surroundings.projectDatabase.renames.size(), 6u);
     ui.cancelAtStep = 2;
+    const std::string& report = nextReport();
     run(1145);
     EXPECT_EQ(onDisk(), "b.dwg S{s2.dwg S1.DWG T{T.DWG}} a.dwg") << "cancelled behind the first";
+    EXPECT_EQ(report, "File names changed:|C:\\P\\s2.dwg||Cancelled after 1 of 3 drawings.");
     EXPECT_EQ(lockCount(), 0u);
 }
 
@@ -226,11 +228,13 @@ TEST_F(Commands, fileNames_thatTheProjectDoesNotGet_areThoseFromBefore) {
         return std::find(all.begin(), all.end(), path(name)) != all.end();
     };
     ui.meanwhile = [this] { manager->removeFileFromProject(path("s2.dwg")); };
+    const std::string& report = nextReport();
     select({u"S"});
     run(1146);
     EXPECT_EQ(onDisk(), "b.dwg S{S1.DWG T{T.DWG}} a.dwg");
     EXPECT_TRUE(isSpelled("s2.dwg"));
-    EXPECT_EQ(noticeText(), "File names changed: 2. Not changed: 1.");
+    EXPECT_EQ(report, "File names changed:|C:\\P\\S1.DWG|C:\\P\\T.DWG||Skipped:|"
+                      "C:\\P\\s2.dwg: it is not in the project any more");
     ui.meanwhile = [] {};
     faults.watch = [this, armed = false](FileCall call) mutable { // the save begins
         if (call == FileCall::createFolder || call == FileCall::write)
@@ -243,6 +247,18 @@ TEST_F(Commands, fileNames_thatTheProjectDoesNotGet_areThoseFromBefore) {
     EXPECT_EQ(onDisk(), "b.dwg S{S1.DWG T{T.DWG}} a.dwg");
     EXPECT_TRUE(isSpelled("s1.dwg"));
     EXPECT_EQ(noticeText().substr(0, 40), "File names that could not be put back: 2");
+    EXPECT_EQ(lockCount(), 0u);
+}
+
+TEST_F(Commands, fileNames_thatAreInUse_areSkippedAndTold) {
+    ui.meanwhile = [this] { surroundings.lockCheck.heldByOthers = {toUpper(path("s1.dwg"))}; };
+    faults.arm({.error = FileError::denied, .kind = FileCall::rename}); // the first of them
+    const std::string& report = nextReport();
+    select({u"S"});
+    run(1146);
+    EXPECT_EQ(onDisk(), "b.dwg S{s2.dwg s1.dwg T{T.DWG}} a.dwg");
+    EXPECT_EQ(report, "File names changed:|C:\\P\\T.DWG||Skipped:|C:\\P\\s2.dwg: permission denied|"
+                      "C:\\P\\s1.dwg: it could not be locked");
     EXPECT_EQ(lockCount(), 0u);
 }
 

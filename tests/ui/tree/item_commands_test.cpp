@@ -158,17 +158,27 @@ TEST_F(ItemCommands, linkedProject_asksInOtherWords) {
         manager->getProject(CStringView(id))->getProjectData().getMiscProjSettings();
     const CString link = u"link";
     settings.setValue(39, &link);
-    manager->setMiscProjSettingsInProject(settings, CStringView(id));
-    select({u"S"});
-    run(1139);
-    select({u"a.dwg"});
-    run(225);
-    ui.answerFiles(462, {path("n.dwg")});
-    run(226);
-    EXPECT_EQ(ui.asked, (CStringArray{u"task RyvPageMan.RemoveSubfoldersAndDrawingsLinkBreak",
-                            u"task RyvPageMan.RemoveSubfoldersAndDrawings", u"file 462",
-                            u"task RyvPageMan.ReplaceDrawingLinkBreak"}));
-    EXPECT_EQ(onDisk(), plainTree);
+    const CStringArray asked = {u"task RyvPageMan.RemoveSubfoldersAndDrawingsLinkBreak",
+        u"task RyvPageMan.RemoveSubfoldersAndDrawings", u"file 462",
+        u"task RyvPageMan.ReplaceDrawingLinkBreak"};
+    const std::function<void()> links[] = {
+        [&] { manager->setMiscProjSettingsInProject(settings, CStringView(id)); },
+        [&] {
+            files.put(path("A.rypx"), "RYPX 1\nnext=1\nlinked=other\tthere\n");
+            reRead("A", plainLines);
+        }};
+    for (const auto& linkUp : links) {
+        ui.asked.clear();
+        linkUp();
+        select({u"S"});
+        run(1139);
+        select({u"a.dwg"});
+        run(225);
+        ui.answerFiles(462, {path("n.dwg")});
+        run(226);
+        EXPECT_EQ(ui.asked, asked);
+        EXPECT_EQ(onDisk(), plainTree);
+    }
 }
 
 TEST_F(ItemCommands, replacing_refusesWhatIsListed) {

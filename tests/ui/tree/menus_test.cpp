@@ -1,4 +1,5 @@
 // The commands' table, the menus made of it, and the ways to give a command.
+#include "resources/message_numbers.h"
 #include "resources/messages.h"
 #include "tests/ui/tree/commands_fixture.h"
 
@@ -41,34 +42,38 @@ TEST_F(Menus, table_hasEveryNumberOnceWithATextAndAHandler) {
 }
 
 TEST_F(Menus, letters_areDifferentInEachMenu) {
-    for (const TreeMenu each :
-        {TreeMenu::emptyArea, TreeMenu::project, TreeMenu::subfolder, TreeMenu::drawing}) {
-        std::map<char16_t, int> letters;
-        for (const int command : commandsOf(each)) {
-            if (!findTreeCommand(command))
-                continue;
-            const CStringView label = messageText(findTreeCommand(command)->text);
-            const std::size_t mark = label.find(u'&');
-            ASSERT_LT(mark + 1, label.size()) << command;
-            EXPECT_EQ(letters.emplace(toUpper(label[mark + 1]), command).first->second, command);
+    for (const Language language : {Language::english, Language::german})
+        for (const std::span<const int> menu :
+            {commandsOf(TreeMenu::emptyArea), commandsOf(TreeMenu::project), commandsOf(TreeMenu::subfolder),
+                commandsOf(TreeMenu::drawing), publishCommands()}) {
+            std::map<char16_t, int> letters;
+            for (const int command : menu) {
+                if (!findTreeCommand(command) && command != publishSubmenu)
+                    continue;
+                const int text =
+                    command == publishSubmenu ? message::commandPublish : findTreeCommand(command)->text;
+                const CStringView label = messageText(text, language);
+                const std::size_t mark = label.find(u'&');
+                ASSERT_LT(mark + 1, label.size()) << command;
+                EXPECT_EQ(letters.emplace(toUpper(label[mark + 1]), command).first->second, command);
+            }
         }
-    }
 }
 
 TEST_F(Menus, followTheSelection) {
     const char* const project =
         "!201 !209 | 203 210 211 | 255 212 !244 214 1144 | 1147 1143 1145 1146 | !215 "
-        "(238 240 241) | 1131 1132 | 219 !250 217";
+        "(238 240 241) | 1131 1132 | 219 250 217";
     struct Case {
         std::vector<const char16_t*> selected;
         const char* menu;
     };
     const Case cases[] = {{{}, "251 259 | 252"}, {{u"A"}, project},
-        {{u"S"}, "1135 1136 1137 | 1147 | 1138 1139 | !1140 | 1141 1142"},
-        {{u"T", u"S"}, "1135 1136 1137 | 1147 | !1138 1139 | !1140 | 1141 1142"},
-        {{u"a.dwg"}, "202 !205 207 | 227 226 225 | 245 !1156 !247 !248 249"},
-        {{u"a.dwg", u"b.dwg"}, "202 !205 !207 | !227 !226 225 | !245 !1156 !247 !248 !249"},
-        {{u"S", u"a.dwg"}, "202 !205 !207 | !227 !226 1149 | !245 !1156 !247 !248 !249"}};
+        {{u"S"}, "1135 1136 1137 | 1147 | 1138 1139 | 1140 | 1141 1142"},
+        {{u"T", u"S"}, "1135 1136 1137 | 1147 | !1138 1139 | 1140 | 1141 1142"},
+        {{u"a.dwg"}, "202 !205 207 | 227 226 225 | 245 1156 247 !248 249"},
+        {{u"a.dwg", u"b.dwg"}, "202 !205 !207 | !227 !226 225 | !245 1156 !247 !248 !249"},
+        {{u"S", u"a.dwg"}, "202 !205 !207 | !227 !226 1149 | !245 1156 !247 !248 !249"}};
     for (const Case& each : cases) {
         std::vector<TreeItem*> items;
         for (const char16_t* const label : each.selected) {
@@ -79,6 +84,8 @@ TEST_F(Menus, followTheSelection) {
         EXPECT_EQ(menu(), each.menu) << selected();
     }
     EXPECT_EQ(tree->CreateContextMenu()->defaultItem(), 202);
+    state.copiedSettings.emplace();
+    EXPECT_TRUE(tree->CreateContextMenu()->find(248)->enabled);
 }
 
 TEST_F(Menus, whatCannotApply_isDisabled) {
