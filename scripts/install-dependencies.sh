@@ -16,9 +16,11 @@ run="g++ cmake ninja-build ccache pkg-config libedit-dev libzip-dev libpugixml-d
     qt6-base-dev qt6-svg-dev libqt6svg6 libgl-dev fonts-dejavu-core"
 # libclang-rt-14-dev holds the sanitizer and fuzzing runtimes of clang 14, llvm the symbolizer of their reports;
 # groff-base and zsh read the man page and the completions that kqp writes; python3-ezdxf makes drawings for the
-# tests and reads what was written; the window is used with a mouse in a virtual display under a window manager.
+# tests and reads what was written; the window is used with a mouse in a virtual display under a window manager, and
+# tells what it shows over the accessibility bus (at-spi2-core, dbus-daemon, python3-dbus).
 test="clang libclang-rt-14-dev llvm libgtest-dev python3 python3-ezdxf clang-format
-    g++-mingw-w64-x86-64-posix binutils groff-base zsh xvfb xauth xdotool openbox"
+    g++-mingw-w64-x86-64-posix binutils groff-base zsh xvfb xauth xdotool openbox at-spi2-core
+    dbus-daemon python3-dbus"
 # guile, pugixml and ezdxf are yardsticks.
 bench="libbenchmark-dev guile-3.0 python3 python3-ezdxf"
 lint="clang-tidy"

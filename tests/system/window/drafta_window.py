@@ -187,7 +187,7 @@ class DraftaWindow:
     def to_tree(self):
         """By the keyboard alone: the selection is strong only where the keyboard is."""
         pale = self.tree_picture()
-        for _ in range(12):
+        for _ in range(16):
             self.keys("Tab")
             if waits_for(lambda: changed_pixels(pale, self.tree_picture()) > STRONG_SELECTION, REPAINT):
                 return

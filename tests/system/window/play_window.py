@@ -1,11 +1,13 @@
-"""Uses drafta as a person does: `play_window.py STORY DRAFTA SAMPLE PICTURES` plays one story on a copy of the sample
-project, in a virtual display, and holds the project file to what has to come of it. What the screen looked like goes to
-the folder PICTURES. Exit code 77: a program is missing that the story needs."""
+"""Uses drafta as a person does: `play_window.py STORY DRAFTA SAMPLE PICTURES` plays one story, most of them on a copy
+of the sample project, in a virtual display, and holds the files to what has to come of it. What the screen looked like
+goes to the folder PICTURES. Exit code 77: a program is missing that the story needs."""
 
 import os
 import sys
 
+import screen_reader
 import stories
+import tour
 import without_display
 from run import Run
 from virtual_display import VirtualDisplay, missing_programs
@@ -19,6 +21,8 @@ def play(run):
         return without_display.STORIES[run.story](run)
     with VirtualDisplay() as display:
         try:
+            if run.story in tour.STORIES:
+                return play_spoken(run, display)
             window = run.open(display, [run.project])
             stories.IN_WINDOW[run.story](window, run)
             if window.process.poll() is None:
@@ -30,9 +34,20 @@ def play(run):
             run.end_windows()
 
 
+def play_spoken(run, display):
+    with screen_reader.ScreenReader(display.environment) as reader:
+        tour.STORIES[run.story](run, display, reader)
+
+
+def missing_for(story):
+    if story in without_display.STORIES:
+        return []
+    return missing_programs() + (screen_reader.missing_programs() if story in tour.STORIES else [])
+
+
 def main(story, drafta, sample, pictures):
-    if story in stories.IN_WINDOW and missing_programs():
-        print("missing:", *missing_programs())
+    if missing_for(story):
+        print("missing:", *missing_for(story))
         return SKIPPED
     with Run(story, drafta, sample, pictures) as run:
         try:

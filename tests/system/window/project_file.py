@@ -26,3 +26,10 @@ def trace_of(path, name):
 
 def in_subfolder(path, trace):
     return [drawing for its, drawing in contents(path) if its == trace]
+
+
+def setting(path, number):
+    """A drawing setting that the project lists."""
+    start = f"?[{number}]"
+    with open(path, encoding="utf-8") as file:
+        return next((line[len(start):] for line in file.read().split("\n") if line.startswith(start)), None)
