@@ -1,5 +1,7 @@
 #include "embedded/os/posix_clock.h"
+
 #include "base/format.h"
+#include "resources/language.h"
 
 #include <array>
 #include <ctime>
@@ -16,6 +18,14 @@ constexpr std::array<CStringView, 7> weekdays = {
     u"Sunday", u"Monday", u"Tuesday", u"Wednesday", u"Thursday", u"Friday", u"Saturday"};
 constexpr std::array<CStringView, 12> months = {u"January", u"February", u"March", u"April", u"May", u"June",
     u"July", u"August", u"September", u"October", u"November", u"December"};
+constexpr std::array<CStringView, 7> germanWeekdays = {
+    u"Sonntag", u"Montag", u"Dienstag", u"Mittwoch", u"Donnerstag", u"Freitag", u"Samstag"};
+constexpr std::array<CStringView, 12> germanMonths = {u"Januar", u"Februar", u"M\u00E4rz", u"April", u"Mai",
+    u"Juni", u"Juli", u"August", u"September", u"Oktober", u"November", u"Dezember"};
+
+bool isGerman() {
+    return ryv::language() == ryv::Language::german;
+}
 
 CString twoDigits(int number) {
     return {static_cast<char16_t>(u'0' + number / 10), static_cast<char16_t>(u'0' + number % 10)};
@@ -54,15 +64,19 @@ CString PosixClock::longDate(const LocalTime& time) {
         std::chrono::day(static_cast<unsigned>(time.day))};
     if (!date.ok())
         return {};
-    const std::chrono::weekday weekday{std::chrono::sys_days(date)};
-    return ryv::format(
-        u"%s, %s %d, %d", {weekdays[weekday.c_encoding()], months[static_cast<std::size_t>(time.month - 1)],
-                              time.day, time.year});
+    const std::size_t weekday = std::chrono::weekday(std::chrono::sys_days(date)).c_encoding();
+    const auto month = static_cast<std::size_t>(time.month - 1);
+    if (isGerman())
+        return ryv::format(
+            u"%s, %d. %s %d", {germanWeekdays[weekday], time.day, germanMonths[month], time.year});
+    return ryv::format(u"%s, %s %d, %d", {weekdays[weekday], months[month], time.day, time.year});
 }
 
 CString PosixClock::timeOfDay(const LocalTime& time) {
     if (!within(time.hour, 0, 23) || !within(time.minute, 0, 59) || !within(time.second, 0, 59))
         return {};
+    if (isGerman())
+        return twoDigits(time.hour) + u":" + twoDigits(time.minute) + u":" + twoDigits(time.second);
     const int hour = time.hour % 12 == 0 ? 12 : time.hour % 12;
     return ryv::format(u"%d:%s:%s %s",
         {hour, twoDigits(time.minute), twoDigits(time.second), CStringView(time.hour < 12 ? u"AM" : u"PM")});

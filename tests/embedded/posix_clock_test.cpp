@@ -1,4 +1,6 @@
 #include "embedded/os/posix_clock.h"
+
+#include "resources/language.h"
 #include "tests/support/text.h"
 
 #include <ctime>
@@ -22,6 +24,15 @@ TEST(PosixClock, recordedMoments_areWrittenAsRecorded) {
         EXPECT_EQ(clock.longDate(time), row.cells[1]) << "line " << row.line;
         EXPECT_EQ(clock.timeOfDay(time), row.cells[2]) << "line " << row.line;
     }
+}
+
+TEST(PosixClock, moments_areWrittenInTheLanguageThatIsSpoken) {
+    drafta::PosixClock clock;
+    setLanguage(Language::german);
+    EXPECT_EQ(clock.longDate({2026, 3, 7, 0, 5, 9}), u"Samstag, 7. M\u00E4rz 2026");
+    EXPECT_EQ(clock.timeOfDay({2026, 3, 7, 0, 5, 9}), u"00:05:09");
+    EXPECT_EQ(clock.longDate({2026, 2, 29, 0, 0, 0}), u"");
+    setLanguage(Language::english);
 }
 
 TEST(PosixClock, momentsThatDoNotExist_areEmpty) {
