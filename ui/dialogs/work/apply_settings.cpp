@@ -40,17 +40,25 @@ struct Outcome {
     std::size_t done() const noexcept { return saved.size() + inHost.size() + skipped.size(); }
 };
 
-/// Empty when it is done, else why not. `isOpen`: the document is changed and not saved, since whatever else
-/// the user has changed in it would be saved, too.
-CString changeDrawing(const CString& drawing, const RyvCfgDrawingSettings& source, bool isOpen) {
+DocumentId documentOf(const CString& drawing) {
+    return platform().host.documents->documentOfFile(drawing);
+}
+
+/// Empty when it is done, else why not. The document that a drawing is open in is changed and not saved,
+/// since whatever else the user has changed in it would be saved, too. Writing calls LISP, so the drawing may
+/// come to be open, or closed, in between: what is written then is not what the user sees.
+CString changeDrawing(const CString& drawing, const RyvCfgDrawingSettings& source, DocumentId document) {
     CString problem;
     const auto view = openDrawing(drawing, problem);
     if (!view)
         return problem;
     RyvDbxBlockRef accessor(*view);
-    if (!applySettingsToDrawing(accessor, source, false))
+    const bool isWritten = applySettingsToDrawing(accessor, source, false);
+    if (documentOf(drawing) != document)
+        return format(messageText(message::drawingOpenedOrClosed), {shownPath(drawing)});
+    if (!isWritten)
         return format(messageText(message::settingsNotWritten), {shownPath(drawing)});
-    const DrawingResult saved = isOpen ? DrawingResult() : view->save();
+    const DrawingResult saved = document != DocumentId::none ? DrawingResult() : view->save();
     return saved.ok() ? CString() : shownProblem(saved.problem, drawing);
 }
 
@@ -61,8 +69,9 @@ void changeLocked(FileLocks& locks, const CString& drawing, const Work& work, Ou
         outcome.skipped.push_back(locks.listedRefusal());
         return;
     }
-    const bool isOpen = isOpenInHost(drawing);
-    CString problem = changeDrawing(drawing, work.source, isOpen);
+    const DocumentId document = documentOf(drawing);
+    const bool isOpen = document != DocumentId::none;
+    CString problem = changeDrawing(drawing, work.source, document);
     locks.unlock(drawing);
     if (problem.empty() || isOpen)
         outcome.reread.push_back(drawing);

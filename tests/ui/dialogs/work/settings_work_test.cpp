@@ -143,6 +143,17 @@ TEST_F(SettingsWork, defaults_stopBetweenDrawingsAndSkipWhatCannotBeDone) {
 }
 
 /// What else the user has changed in it is not saved along, and LISP hears of all that may have changed.
+TEST_F(SettingsWork, drawingThatIsOpenedWhileItIsWritten_isSkipped) {
+    const std::string before = content(all[2]);
+    drawings.onOpen = [this] { surroundings.documents.openDocument(all[2]); };
+    answerReport();
+    applyProjectDefaults(id, {all[2]});
+    EXPECT_NE(
+        report.find("Skipped:/C:\\P\\c.dwg: the drawing was opened or closed meanwhile"), std::string::npos)
+        << report;
+    EXPECT_EQ(content(all[2]), before);
+}
+
 TEST_F(SettingsWork, drawingsInTheHost_areChangedInTheirDocumentsAlone) {
     drawing("a", {{5, u"%N"}});
     files.put(all[1], drawingText(settingsOf({}), "OTHER")); // gets no block without the file of that
