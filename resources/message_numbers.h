@@ -178,6 +178,7 @@ inline constexpr int workListedGone = 501;    ///< file
 inline constexpr int workListedNotDone = 502; ///< file, reason
 
 inline constexpr int workNeedsProject = 503; ///< a notice
+inline constexpr int fileNamesChangedTitle = 504;
 
 // The details of what is selected. Status texts stand in the order of the lock statuses.
 inline constexpr int lockStatusFirst = 601; ///< 603 and 604: holder of the lock

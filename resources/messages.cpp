@@ -188,6 +188,7 @@ constexpr Message texts[] = {
     {message::workListedGone, u"%s: it is not in the project any more"},
     {message::workListedNotDone, u"%s: %s"},
     {message::workNeedsProject, u"No project is active. Make one, or open one, first."},
+    {message::fileNamesChangedTitle, u"File Names Changed"},
     {message::lockStatusFirst, u"Unknown"},
     {message::lockStatusFirst + 1, u"Not locked"},
     {message::lockStatusFirst + 2, u"Locked by you, %s"},

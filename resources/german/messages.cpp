@@ -198,6 +198,7 @@ constexpr Message texts[] = {
     {message::workListedGone, u"%s: ist nicht mehr im Projekt"},
     {message::workListedNotDone, u"%s: %s"},
     {message::workNeedsProject, u"Es ist kein Projekt aktiv. Legen Sie zuerst eines an, oder öffnen Sie eines."},
+    {message::fileNamesChangedTitle, u"Dateinamen geändert"},
     {message::lockStatusFirst, u"Unbekannt"},
     {message::lockStatusFirst + 1, u"Nicht gesperrt"},
     {message::lockStatusFirst + 2, u"Von Ihnen gesperrt, %s"},

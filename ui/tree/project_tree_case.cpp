@@ -50,12 +50,13 @@ struct Report {
     bool cancelled = false;
 
     CStringArray lines(std::size_t wanted) const {
-        CStringArray lines;
-        addGroup(lines, messageText(message::fileNamesChanged), changed);
-        addGroup(lines, messageText(message::settingsSkipped), skipped);
+        CString summary = format(messageText(message::settingsSummary), {changed.size(), skipped.size()});
         if (cancelled)
-            addGroup(lines, {},
-                {format(messageText(message::settingsCancelled), {changed.size() + skipped.size(), wanted})});
+            summary += u" " + format(messageText(message::settingsCancelled),
+                                  {changed.size() + skipped.size(), wanted});
+        CStringArray lines{summary};
+        addGroup(lines, messageText(message::settingsSkipped), skipped);
+        addGroup(lines, messageText(message::fileNamesChanged), changed);
         return lines;
     }
 };
@@ -181,7 +182,7 @@ void StartFlipFileNameCase(CProjectTree& tree, Fold fold) {
             report = FlipFileNameCase(tree, work, renames);
     }
     if (report.cancelled || !report.skipped.empty())
-        showReport(CString(messageText(message::changingFileNames)), report.lines(renames.size()));
+        showReport(CString(messageText(message::fileNamesChangedTitle)), report.lines(renames.size()));
 }
 
 } // namespace

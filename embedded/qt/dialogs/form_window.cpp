@@ -109,6 +109,7 @@ FormWindow::Reader FormWindow::addCombo(const FormField& field, const QString& l
     const auto found = std::find(field.choices.begin(), field.choices.end(), firstOf(field.values));
     combo->setCurrentIndex(
         found == field.choices.end() ? -1 : static_cast<int>(found - field.choices.begin()));
+    combo->setPlaceholderText(toQt(firstOf(field.values))); // seen where it is none of the choices
     rows.addRow(label + u':', combo);
     return [combo, choices = field.choices] {
         const int row = combo->currentIndex();

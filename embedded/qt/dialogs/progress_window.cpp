@@ -75,7 +75,7 @@ void ProgressWindow::open() {
     window_->show();
 }
 
-/// What is at work, and as the how manieth of all, with room for the last of them from the beginning.
+/// What is at work, and how many of all are done, with room for the last of them from the beginning.
 void ProgressWindow::addTexts(QVBoxLayout& rows) {
     auto* const texts = new QHBoxLayout;
     texts->setSpacing(metrics::margin);

@@ -209,7 +209,9 @@ TEST_F(Commands, fileNames_changeTheirCaseOnDiskAndInTheProject) {
     const std::string& report = nextReport();
     run(1145);
     EXPECT_EQ(onDisk(), "b.dwg S{s2.dwg S1.DWG T{T.DWG}} a.dwg") << "cancelled behind the first";
-    EXPECT_EQ(report, "File names changed:|C:\\P\\s2.dwg||Cancelled after 1 of 3 drawings.");
+    EXPECT_EQ(report,
+        "Drawings changed: 1, skipped: 0. Cancelled after 1 of 3 drawings.||File names changed:|"
+        "C:\\P\\s2.dwg");
     EXPECT_EQ(lockCount(), 0u);
 }
 
@@ -233,8 +235,9 @@ TEST_F(Commands, fileNames_thatTheProjectDoesNotGet_areThoseFromBefore) {
     run(1146);
     EXPECT_EQ(onDisk(), "b.dwg S{S1.DWG T{T.DWG}} a.dwg");
     EXPECT_TRUE(isSpelled("s2.dwg"));
-    EXPECT_EQ(report, "File names changed:|C:\\P\\S1.DWG|C:\\P\\T.DWG||Skipped:|"
-                      "C:\\P\\s2.dwg: it is not in the project any more");
+    EXPECT_EQ(report,
+        "Drawings changed: 2, skipped: 1.||Skipped:|C:\\P\\s2.dwg: it is not in the project any more||"
+        "File names changed:|C:\\P\\S1.DWG|C:\\P\\T.DWG");
     ui.meanwhile = [] {};
     faults.watch = [this, armed = false](FileCall call) mutable { // the save begins
         if (call == FileCall::createFolder || call == FileCall::write)
@@ -257,8 +260,8 @@ TEST_F(Commands, fileNames_thatAreInUse_areSkippedAndTold) {
     select({u"S"});
     run(1146);
     EXPECT_EQ(onDisk(), "b.dwg S{s2.dwg s1.dwg T{T.DWG}} a.dwg");
-    EXPECT_EQ(report, "File names changed:|C:\\P\\T.DWG||Skipped:|C:\\P\\s2.dwg: permission denied|"
-                      "C:\\P\\s1.dwg: it could not be locked");
+    EXPECT_EQ(report, "Drawings changed: 1, skipped: 2.||Skipped:|C:\\P\\s2.dwg: permission denied|"
+                      "C:\\P\\s1.dwg: it could not be locked||File names changed:|C:\\P\\T.DWG");
     EXPECT_EQ(lockCount(), 0u);
 }
 

@@ -4,8 +4,9 @@
 namespace ryv {
 
 /// Asks for a new drawing of the active project, makes its file and has the host open it; the host then runs
-/// the second half in it. The project's files are locked from here on, until the drawing is in the project
-/// or anything fails. Nothing happens without an active project; the subfolder that was chosen for the
+/// the second half in it. When the file cannot be made the user is told, and may correct what was typed, or
+/// cancel. The project's files are locked from here on, until the drawing is in the project, the user cancels
+/// or opening it fails. Nothing happens without an active project; the subfolder that was chosen for the
 /// drawing is forgotten whatever comes of it.
 void startNewDrawing();
 

@@ -13,11 +13,11 @@ namespace ryv {
 /// project is not open.
 void listExceptions(CStringView projectId);
 
-/// Gives drawings the default settings of an open project, with the user's leave when there are several; each
-/// is locked while it is at work, and saves them,
-/// but for those that are open in the host: their documents are changed, and the report says so. Nothing is
-/// changed when somebody works on one of them, or on the project; a drawing that cannot be written is
-/// skipped, and told with the reason. LISP reads the settings again. The user may stop between two drawings.
+/// Gives drawings the default settings of an open project and saves them, with the user's leave when there
+/// are several; each is locked while it is at work. Those that are open in the host are changed in their
+/// documents and not saved, and the report says so. Nothing is changed when somebody works on one of them, or
+/// on the project; a drawing that cannot be written is skipped, and told with the reason. LISP reads the
+/// settings again. The user may stop between two drawings.
 void applyProjectDefaults(CStringView projectId, const CStringArray& drawings);
 
 /// Remembers a drawing's settings until the module ends; false, and told, when they cannot be read.
