@@ -1,17 +1,15 @@
-// The host as a whole, with the product's files and an empty profile, but without the package's LISP.
-#include "embedded/documents/host.h"
+// The host as a whole.
+#include "tests/embedded/documents/host_fixture.h"
 
 #include "base/fold.h"
 #include "base/text.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/text.h"
-#include "toolkit/dialog.h"
 
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <poll.h>
-#include <thread>
 
 namespace drafta {
 namespace {
@@ -22,33 +20,8 @@ using ryv::DocumentId;
 using ryv::test::TempFolder;
 
 const std::string documents = RYV_TEST_DATA "/../../../docs/";
-const std::string product = RYV_TEST_DATA "/../../../embedded/product";
-const std::string sample = RYV_TEST_DATA "/../../../samples/pump-station/";
 
-class HostTest : public ::testing::Test {
-protected:
-    TempFolder folder;
-    std::string printed;
-    std::string errors;
-    Host host{{folder.native("profile"), product, [this](std::string_view text) { printed += text; },
-        [this](std::string_view text) { errors += text; }, nullptr}};
-
-    void SetUp() override { ASSERT_TRUE(host.newDocument()) << printed; }
-
-    /// What a line typed on the command line prints.
-    std::string line(const std::string& text) {
-        printed.clear();
-        host.runLine(ryv::decodeUtf8(text));
-        return std::string(printed, printed.find_first_not_of('\n') == std::string::npos
-                                        ? printed.size()
-                                        : printed.find_first_not_of('\n'));
-    }
-    std::string copyOf(const std::string& drawing, const std::string& name) {
-        std::filesystem::copy_file(sample + drawing, folder.native(name));
-        return folder.native(name);
-    }
-    CString module(const std::string& name) { return folder.module(ryv::nameFromBytes(name)); }
-};
+class HostTest : public HostFixture {};
 
 struct Example {
     std::string form;
@@ -429,84 +402,6 @@ TEST_F(HostTest, appendingToAnOldFile_refusesWhatItsEncodingLacks) {
     line("(write-line (chr 214) f)");
     line("(close f)");
     EXPECT_EQ(folder.read("old.txt"), "\xC4\n\xD6\n");
-}
-
-TEST_F(HostTest, closingInsideTheNoticeOfAnEnd_isRefused) {
-    class Closer final : public ryv::DocumentObserver {
-    public:
-        Documents* documents = nullptr;
-        bool closed = true;
-        void documentToBeDestroyed(DocumentId id) override { closed = documents->close(id); }
-    } closer;
-    closer.documents = &host.documents();
-    host.documents().add(closer);
-    EXPECT_TRUE(host.documents().close(DocumentId(1)));
-    EXPECT_FALSE(closer.closed);
-    host.documents().remove(closer);
-}
-
-TEST_F(HostTest, nothingRunsBehindQuit) {
-    folder.write("q.scr", "quit\n(setvar \"USERI1\" 5)\n");
-    line("script " + folder.native("q.scr"));
-    EXPECT_TRUE(host.hasQuit());
-    ryv::SystemVariable value;
-    host.platform().host.editor->systemVariable(u"USERI1", value);
-    EXPECT_EQ(std::get<std::int32_t>(value), 0);
-}
-
-TEST_F(HostTest, quitting_asksForChangesAndCanBeVetoed) {
-    line("(setq h (dwg-current)) (dwg-insert h \"KQ_M\" (findfile \"KQ_M.dwg\") '(0 0 0) 1.0 0.0)");
-    line("quit");
-    EXPECT_FALSE(host.hasQuit()) << "nobody answered, so it was cancelled";
-    Answers answers;
-    CString problem;
-    ASSERT_TRUE(Answers::parse(u"message 1: no", answers, problem));
-    host.userInterface().setAnswers(answers);
-    class Veto final : public ryv::EditorObserver {
-        void beginQuit(bool& veto) override { veto = true; }
-    } veto;
-    host.platform().host.editor->add(veto);
-    line("quit");
-    EXPECT_FALSE(host.hasQuit());
-    host.platform().host.editor->remove(veto);
-    line("quit");
-    EXPECT_TRUE(host.hasQuit());
-}
-
-TEST_F(HostTest, quitting_isRefusedWhileADialogIsOpen) {
-    class Quitting final : public ryv::Dialog {
-    public:
-        explicit Quitting(Host& host) : Dialog({u"Q", u"Question", {}, {}}), host_(host) {}
-
-    private:
-        bool onOk() override {
-            host_.platform().host.commands->runCommand({u"_.QUIT"});
-            return true;
-        }
-        Host& host_;
-    } dialog(host);
-    Answers answers;
-    CString problem;
-    ASSERT_TRUE(Answers::parse(u"dialog Q: ok", answers, problem));
-    host.userInterface().setAnswers(answers);
-    EXPECT_EQ(host.platform().ui->runModal(dialog), ryv::Dialog::idOk);
-    EXPECT_FALSE(host.hasQuit());
-    EXPECT_NE(printed.find("A question is open"), std::string::npos);
-    line("quit");
-    EXPECT_TRUE(host.hasQuit());
-}
-
-TEST_F(HostTest, interrupt_endsTheLispOfAllDocumentsAtWork) {
-    line("(defun forever () (while t))");
-    line("new");
-    std::thread breaker([this] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(100));
-        host.interrupt();
-    });
-    EXPECT_NE(line("(while t (setq n 1)) (princ \"not reached\")").find("*Cancel*"), std::string::npos);
-    breaker.join();
-    EXPECT_EQ(printed.find("not reached"), std::string::npos);
-    EXPECT_EQ(line("(+ 1 2)"), "3");
 }
 
 } // namespace
